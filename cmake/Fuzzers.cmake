@@ -1,0 +1,11 @@
+# One libFuzzer program a source, with its seed corpus in fuzz/corpus/<name>.
+file(GLOB fuzz_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/fuzz/*_fuzz.cpp)
+foreach(source IN LISTS fuzz_sources)
+  get_filename_component(name ${source} NAME_WE)
+  add_executable(${name} ${source})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PRIVATE morvl15_options morvl15_objects morvl15host_objects Threads::Threads)
+  target_compile_definitions(${name} PRIVATE MORVL15_STATIC)
+  target_compile_options(${name} PRIVATE -Wno-conversion)
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+endforeach()

@@ -1,0 +1,46 @@
+# One test program a room. Tests see the internal headers, so each program holds the library's objects itself. Files
+# that end in _native.cpp need the native host's controls and stay out of the Windows build.
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+file(GLOB support_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/*.cpp)
+set(host_of_tests native)
+if(WIN32)
+  list(FILTER support_sources EXCLUDE REGEX "_native\\.cpp$")
+else()
+  list(FILTER support_sources EXCLUDE REGEX "_windows\\.cpp$")
+endif()
+add_library(test_support OBJECT ${support_sources})
+target_link_libraries(test_support PUBLIC morvl15_options GTest::gtest)
+target_compile_definitions(test_support PUBLIC MORVL15_STATIC)
+target_include_directories(test_support PUBLIC ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
+
+foreach(room IN LISTS rooms ITEMS host)
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${room}/*.cpp)
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "_native\\.cpp$")
+  endif()
+  if(NOT sources)
+    continue()
+  endif()
+  add_executable(${room}_tests ${sources})
+  target_link_libraries(${room}_tests PRIVATE test_support morvl15_objects GTest::gtest)
+  target_compile_options(${room}_tests PRIVATE -Wno-conversion)
+  if(NOT WIN32)
+    target_link_libraries(${room}_tests PRIVATE morvl15host)
+    gtest_discover_tests(${room}_tests DISCOVERY_TIMEOUT 60)
+  endif()
+endforeach()
+
+# The headers compile as plain C too, and a C program links.
+add_executable(c_header_test ${PROJECT_SOURCE_DIR}/tests/boundary/c_header_test.c)
+target_link_libraries(c_header_test PRIVATE morvl15_options morvl15)
+if(NOT WIN32)
+  add_test(NAME Boundary.CHeaders COMMAND c_header_test)
+  add_test(NAME Boundary.Exports COMMAND ${CMAKE_COMMAND}
+    -DNM=${CMAKE_NM} -DLIBRARY=$<TARGET_FILE:morvl15> -DEXPORTS=${PROJECT_SOURCE_DIR}/cmake/exports.txt
+    -P ${PROJECT_SOURCE_DIR}/cmake/CheckExports.cmake)
+  if(MORVL15_SANITIZE)
+    set_tests_properties(Boundary.Exports PROPERTIES DISABLED TRUE)
+  endif()
+endif()

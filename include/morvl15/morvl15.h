@@ -1,0 +1,13 @@
+// All families of the library.
+#ifndef MORVL15_MORVL15_H
+#define MORVL15_MORVL15_H
+
+#include <morvl15/base.h>
+#include <morvl15/datetime.h>
+#include <morvl15/format.h>
+#include <morvl15/frame.h>
+#include <morvl15/intl.h>
+#include <morvl15/memory.h>
+#include <morvl15/number.h>
+
+#endif

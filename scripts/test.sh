@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# Sets up, builds and runs the tests. Without names: the release build. Names choose: release, asan, tsan, fuzz,
+# windows, check, or all of them.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+say() { printf '\n== %s\n' "$*"; }
+
+build() {
+  cmake --preset "$1" >/dev/null
+  cmake --build --preset "$1"
+}
+
+run_tests() {
+  say "tests, $1"
+  build "$1"
+  ctest --test-dir "build/$1" --output-on-failure -j "$(nproc)"
+}
+
+run_fuzzers() {
+  say "fuzzers, ${FUZZ_SECONDS:=20} seconds each"
+  build fuzz
+  local program name
+  for program in build/fuzz/bin/*_fuzz; do
+    name=$(basename "$program")
+    mkdir -p "build/fuzz/corpus/$name"
+    local seeds=()
+    [ -d "fuzz/corpus/$name" ] && seeds=("fuzz/corpus/$name")
+    printf '%s: ' "$name"
+    if ! "$program" -max_total_time="$FUZZ_SECONDS" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
+        -artifact_prefix="build/fuzz/$name-" "build/fuzz/corpus/$name" "${seeds[@]}" >"build/fuzz/$name.log" 2>&1; then
+      echo FAILED
+      tail -n 60 "build/fuzz/$name.log"
+      return 1
+    fi
+    grep -o 'stat::number_of_executed_units: *[0-9]*' "build/fuzz/$name.log" | sed 's/.*: */runs /'
+  done
+}
+
+run_windows() {
+  say "32-bit Windows: build"
+  build windows
+}
+
+run_check() {
+  say "format and static analysis"
+  scripts/check.sh
+}
+
+names=("$@")
+[ ${#names[@]} -eq 0 ] && names=(release)
+[ "${names[*]}" = all ] && names=(check release asan tsan fuzz windows)
+
+for name in "${names[@]}"; do
+  case $name in
+    release) scripts/setup.sh bench; run_tests release ;;
+    asan | tsan) scripts/setup.sh; run_tests "$name" ;;
+    fuzz) scripts/setup.sh fuzz; run_fuzzers ;;
+    windows) scripts/setup.sh windows; run_windows ;;
+    check) scripts/setup.sh check; run_check ;;
+    *) echo "test.sh: no tests named $name (release, asan, tsan, fuzz, windows, check, all)" >&2; exit 2 ;;
+  esac
+done
+say "all passed: ${names[*]}"

@@ -1,0 +1,43 @@
+// The main program of every test on the native host: English, a profile file of its own, and after each test a look
+// whether a block was left behind.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include <morvl15/host_native.h>
+#include <morvl15/intl.h>
+
+namespace {
+
+class BlockCheck : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo& /*info*/) override { blocksBefore_ = HostLiveBlocks(); }
+    void OnTestEnd(const testing::TestInfo& info) override {
+        EXPECT_EQ(HostLiveBlocks(), blocksBefore_) << info.name() << " leaves blocks behind";
+    }
+
+    int64_t blocksBefore_ = 0;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    std::string folder = "/tmp/morvl15-test-XXXXXX";
+    if (mkdtemp(folder.data()) == nullptr) {
+        std::perror("a folder for the profile");
+        return 1;
+    }
+    const std::string profile = folder + "/profile.ini";
+    HostSetProfilePath(profile.c_str());
+    HostSetLanguages(0x0409, 0x0409);
+    IntlInit();
+    HostCountBlocks(TRUE);
+    testing::UnitTest::GetInstance()->listeners().Append(new BlockCheck);
+    const int result = RUN_ALL_TESTS();
+    HostCountBlocks(FALSE);
+    std::remove(profile.c_str());
+    std::remove(folder.c_str());
+    return result;
+}
