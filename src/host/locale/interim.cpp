@@ -4,7 +4,6 @@
 #include <cstring>
 
 #define INTERIM extern "C" __attribute__((weak))
-INTERIM void HostSetLanguages(LANGID, LCID) {}
 INTERIM void HostSetProfilePath(const char*) {}
 INTERIM DWORD GetProfileStringA(LPCSTR, LPCSTR, LPCSTR, LPSTR, DWORD) {
     return 0;
