@@ -61,7 +61,7 @@ class DecimalScanner {
             NumPackZero(num);
             return 0;
         }
-        const int64_t position = 2 * kNumExponentBias + pointAt_;  // where the point lies, in digits
+        const int64_t position = pointAt_ + 2 * int64_t{kNumExponentBias};  // where the point lies, in digits
         if (position < 0) return kTooSmall;
         // An odd position takes a 0 in front, so that the point falls between two pairs.
         const int32_t lead = static_cast<int32_t>(position & 1);

@@ -32,9 +32,10 @@ class PlainText {
   private:
     // The digit string, from its first digit other than 0 to its last, and where the point lies in it.
     void TakeDigits(const NumParts& parts) {
+        char* at = digits_;
         for (int32_t i = 0; i < parts.count; ++i) {
-            digits_[2 * i] = static_cast<char>('0' + parts.digits[i] / 10);
-            digits_[2 * i + 1] = static_cast<char>('0' + parts.digits[i] % 10);
+            *at++ = static_cast<char>('0' + parts.digits[i] / 10);
+            *at++ = static_cast<char>('0' + parts.digits[i] % 10);
         }
         count_ = 2 * parts.count;
         while (count_ > 0 && digits_[count_ - 1] == '0') --count_;
@@ -144,7 +145,7 @@ class PlainText {
         return text;
     }
 
-    char digits_[kMaxDigits];
+    char digits_[kMaxDigits] = {};
     int32_t count_;    // digits in the string, 0 for zero
     int32_t pointAt_;  // the value is 0.digits times 10 to this power
     int32_t width_;    // room, without the sign

@@ -20,6 +20,11 @@ bool AddWithCarry(uint8_t* digits, int32_t at, int32_t amount) {
     return false;
 }
 
+// Pairs in front of the point; below 0 when zero pairs stand behind it.
+int64_t IntegerPairs(const NumParts& parts) {
+    return parts.exponent - kNumExponentBias;
+}
+
 uint8_t ClearUnits(uint8_t pair) {
     return static_cast<uint8_t>(pair / 10 * 10);
 }
@@ -61,19 +66,18 @@ int32_t MORVL_CALL NumRound(Number* result, const Number* source, int32_t decima
         return 0;
     }
     NumParts parts = NumTakeApart(source);
-    const int64_t kept = int64_t{decimals} + 2 * (parts.exponent - kNumExponentBias);
+    const int64_t kept = int64_t{decimals} + 2 * IntegerPairs(parts);
     if (kept < 0) return NumPackZero(result);
-    if (kept < 2 * parts.count) RoundToDigits(parts, static_cast<int32_t>(kept));
+    if (kept < 2 * int64_t{parts.count}) RoundToDigits(parts, static_cast<int32_t>(kept));
     return NumPack(result, parts.digits, parts.count, parts.negative, parts.exponent);
 }
 
 int32_t MORVL_CALL NumTruncate(Number* num, int32_t precision, int32_t scale) {
     if (NumIsNull(num) || NumIsInvalid(num)) return 0;
     NumParts parts = NumTakeApart(num);
-    const int32_t integerPairs = parts.exponent - kNumExponentBias;
-    const int64_t excess = 2 * integerPairs - (int64_t{precision} - scale);
+    const int64_t excess = 2 * IntegerPairs(parts) - (int64_t{precision} - scale);
     if (excess > 0) CutTop(parts, excess);
-    const int64_t cut = 2 * (parts.count - integerPairs) - int64_t{scale};
+    const int64_t cut = 2 * (parts.count - IntegerPairs(parts)) - scale;
     if (cut > 0) CutLow(parts, cut);
     return NumPack(num, parts.digits, parts.count, parts.negative, parts.exponent);
 }
