@@ -1,16 +1,10 @@
 // Weak stand-ins until each room is built; goes away before anything lands.
 #include <morvl15/format.h>
 #include <morvl15/host.h>
-#include <morvl15/intl.h>
 
 #include "../datetime/calendar.h"
 
 #define INTERIM extern "C" __attribute__((weak))
-INTERIM void MORVL_CALL IntlInit(void) {}
-INTERIM char* MORVL_CALL IntlStripStartSpace(const char* text) {
-    while (text != nullptr && (*text == ' ' || (*text >= 9 && *text <= 13))) ++text;
-    return const_cast<char*>(text);
-}
 INTERIM void MORVL_CALL FMTWinIniChanged(void) {}
 __attribute__((weak)) int32_t FMTLoadNames() {
     return 0;
