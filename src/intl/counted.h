@@ -43,7 +43,7 @@ int32_t IntlReplaceOf(char* destination, const char* source, const char* inserti
     const size_t removed = Text::WalkChars(source + before, IntlClampCount(count)).bytes;
     const size_t inserted = std::strlen(insertion);
     std::memmove(destination, source, before);
-    std::memmove(destination + before, insertion, inserted);
+    IntlCopyStretch(destination + before, insertion, inserted);
     const char* rest = source + before + removed;
     IntlCopyStretch(destination + before + inserted, rest, std::strlen(rest));
     return IntlClampLength(Text::WalkChars(destination, kWholeText).chars);

@@ -28,7 +28,7 @@ int32_t ReplaceBytes(char* destination, const char* source, const char* insertio
     const size_t rest = std::strlen(source + end);
 
     CopyRange(destination, source, 0, before);
-    std::memmove(destination + before, insertion, inserted);
+    IntlCopyStretch(destination + before, insertion, inserted);
     CopyRange(destination + before + inserted, source, end, rest);
     return IntlClampLength(before + inserted + rest);
 }

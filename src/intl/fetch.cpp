@@ -57,7 +57,7 @@ const char* FindRealEnd(const char* at) {
 }
 
 bool IsWrittenZero(const char* text, const char* end) {
-    return std::all_of(text, end, [](char byte) { return std::memchr(".0+-eE", byte, 6) != nullptr; });
+    return std::all_of(text, end, [](char byte) { return std::strchr(".0+-eE", byte) != nullptr; });
 }
 
 // Beyond the range of a double only the sign of the written exponent can tell which way: 99 bytes of digits alone

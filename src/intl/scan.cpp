@@ -53,8 +53,8 @@ class Scan {
     // False when there is no match.
     bool SearchLiteral() {
         searching_ = false;
-        const char* found = Text::FindEither(at_, Text::Fold(element_, IntlFold::kUpper),
-                                             Text::Fold(element_, IntlFold::kLower));
+        const char* found =
+            Text::FindEither(at_, Text::Fold(element_, IntlFold::kUpper), Text::Fold(element_, IntlFold::kLower));
         if (*found == '\0') return false;  // a search stands at the start or behind a "%": there is no way back
         element_ += Text::Width(element_);
         at_ = found + Text::Width(found);

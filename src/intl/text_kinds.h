@@ -23,9 +23,7 @@ struct SingleByteText {
         const size_t bytes = end != nullptr ? static_cast<size_t>(end - text) : maxChars;
         return {bytes, bytes};
     }
-    static const char* FindAny(const char* text, const ByteSet& set) {
-        return walk::FindByte(text, set);
-    }
+    static const char* FindAny(const char* text, const ByteSet& set) { return walk::FindByte(text, set); }
     static const char* FindEither(const char* text, uint16_t first, uint16_t second) {
         const char set[] = {static_cast<char>(first), static_cast<char>(second)};
         return walk::FindByte(text, {set, sizeof set});
@@ -41,9 +39,7 @@ struct DoubleByteText {
     static bool IsDoubleByteBlank(const char* at) { return IntlCharCode(at) == gIntlBlank; }
 
     static IntlStretch WalkChars(const char* text, size_t maxChars) { return walk::WalkChars(text, maxChars); }
-    static const char* FindAny(const char* text, const ByteSet& set) {
-        return walk::FindAny(text, set);
-    }
+    static const char* FindAny(const char* text, const ByteSet& set) { return walk::FindAny(text, set); }
     static const char* FindEither(const char* text, uint16_t first, uint16_t second) {
         return walk::FindEither(text, first, second);
     }

@@ -71,13 +71,14 @@ int32_t GetToken(char* destination, const char* source, const char* skipSet, con
     if (destination == nullptr || source == nullptr || skipSet == nullptr || delimiterSet == nullptr) return 0;
     const char* start = FindTokenStart(source, skipSet, leadCharacter);
     if (start == nullptr) return 0;
-    return TakeToken(destination, source, start, findEnd(start, ByteSet{delimiterSet, std::strlen(delimiterSet)}), size);
+    return TakeToken(destination, source, start, findEnd(start, ByteSet{delimiterSet, std::strlen(delimiterSet)}),
+                     size);
 }
 
 }  // namespace
 
-int32_t MORVL_CALL IntlStrGetToken(char* destination, const char* source, const char* skipSet,
-                                   const char* delimiterSet, uint16_t leadCharacter, int32_t size) {
+int32_t MORVL_CALL IntlStrGetToken(char* destination, const char* source, const char* skipSet, const char* delimiterSet,
+                                   uint16_t leadCharacter, int32_t size) {
     return GetToken(destination, source, skipSet, delimiterSet, leadCharacter, size,
                     gIntlDBCS != 0 ? FindDelimiter<DoubleByteText> : FindDelimiter<SingleByteText>);
 }

@@ -14,7 +14,8 @@ struct IntlStretch {
 
 constexpr size_t kWholeText = SIZE_MAX;
 
-// Single bytes to look for: those of a text or an array, and one more (0 for none, since the terminator is never found).
+// Single bytes to look for: those of a text or an array, and one more (0 for none, since the terminator is never
+// found).
 struct ByteSet {
     const char* bytes;
     size_t count;

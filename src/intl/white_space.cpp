@@ -101,8 +101,7 @@ char* MORVL_CALL IntlStrStripSpace(char* text) {
 }
 
 int32_t MORVL_CALL IntlStrTrim(char* destination, const char* source) {
-    return gIntlDBCS != 0 ? TrimOf<DoubleByteText>(destination, source)
-                          : TrimOf<SingleByteText>(destination, source);
+    return gIntlDBCS != 0 ? TrimOf<DoubleByteText>(destination, source) : TrimOf<SingleByteText>(destination, source);
 }
 
 int32_t MORVL_CALL IntlStrIsNextChSpace(const char* text) {

@@ -1,0 +1,101 @@
+// Upper case, lower case, capitals at the start of words.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+
+#include <morvl15/host.h>
+#include <morvl15/intl.h>
+
+#include "destination.h"
+#include "intl/case.h"
+#include "support/locale.h"
+
+namespace {
+
+struct ProperCase {
+    int line;
+    const char* source;
+    const char* want;
+    int32_t result;
+};
+
+void ExpectProper(const ProperCase& c) {
+    const testing::ScopedTrace row(__FILE__, c.line, c.source);
+    Destination destination;
+    EXPECT_EQ(IntlStrProper(destination, c.source), c.result);
+    EXPECT_EQ(destination.Text(), c.want);
+    EXPECT_TRUE(destination.UntouchedBehindText());
+}
+
+TEST(Case, Proper) {
+    constexpr ProperCase kCases[] = {
+        {__LINE__, "hELLO wORLD", "Hello World", 11},
+        {__LINE__, "", "", 0},
+        {__LINE__, " \t\n", " \t\n", 3},
+        {__LINE__, "a\nb\vc\fd\re  x1y", "A\nB\vC\fD\rE  X1y", 14},
+        {__LINE__, "o'neill-BROWN", "O'neill-brown", 13},
+        {__LINE__, "\xC4PFEL \xF6L", "\xC4pfel \xD6l", 8},
+    };
+    for (const ProperCase& c : kCases) ExpectProper(c);
+}
+
+TEST(CaseJapanese, Proper) {
+    const TestLanguage language(kJapanese);
+    constexpr ProperCase kCases[] = {
+        {__LINE__, "\x82\x81\x82\x82", "\x82\x60\x82\x82", 2},                      // full-width a, b
+        {__LINE__, "x\x81\x40yZ \x82\x9A", "X\x81\x40Yz \x82\x79", 6},              // behind a double-byte blank
+        {__LINE__, "\x83\x8E \x83\x95 \x83\x96", "\x83\x8F \x83\x4A \x83\x50", 5},  // small kana come back large
+        {__LINE__,
+         "\x83\x4B\x82\xA0 \x82\xA0"
+         "b",
+         "\x83\x4B\x82\xA0 \x82\xA0"
+         "b",
+         5},  // no half-width letter
+        {__LINE__, "\xB1z z\x82", "\xB1z Z\x82", 5},
+        {__LINE__, "\x83\x61\x83\x41", "\x83\x61\x83\x41", 2},  // trail bytes that look like letters
+    };
+    for (const ProperCase& c : kCases) ExpectProper(c);
+}
+
+TEST(Case, WholeTextsInPlace) {
+    char text[] = "aZ1\xE4\xDF";
+    EXPECT_EQ(IntlStrUpper(text), text);
+    EXPECT_STREQ(text, "AZ1\xC4\xDF");
+    EXPECT_EQ(IntlStrLower(text), text);
+    EXPECT_STREQ(text, "az1\xE4\xDF");
+}
+
+TEST(CaseJapanese, TrailBytesAreNoLetters) {
+    const TestLanguage language(kJapanese);
+    char text[] = "a\x83\x61\x83\x41z";
+    EXPECT_STREQ(IntlStrUpper(text), "A\x83\x61\x83\x41Z");
+    EXPECT_STREQ(IntlStrLower(text), "a\x83\x61\x83\x41z");
+}
+
+TEST(CaseJapanese, FoldOneCharacter) {
+    const TestLanguage language(kJapanese);
+    struct FoldCase {
+        const char* text;
+        uint16_t upper;
+        uint16_t lower;
+    };
+    constexpr FoldCase kCases[] = {
+        {"a", 'A', 'a'},
+        {"Z\x82", 'Z', 'z'},
+        {"", 0, 0},
+        {"\x82", 0x82, 0x82},
+        {"\x82\x81"
+         "b",
+         0x8260, 0x8281},
+        {"\x83\x61", 0x8361, 0x8361},
+        {"\x83\xBF", 0x839F, 0x83BF},  // alpha
+        {"\x84\x91", 0x8460, 0x8491},  // the last Cyrillic letter
+    };
+    for (const FoldCase& c : kCases) {
+        EXPECT_EQ(IntlFoldChar(c.text, IntlFold::kUpper), c.upper) << c.text;
+        EXPECT_EQ(IntlFoldChar(c.text, IntlFold::kLower), c.lower) << c.text;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,52 @@
+// The locale values under every pair of languages that makes a difference.
+#include <gtest/gtest.h>
+
+#include <morvl15/intl.h>
+
+#include "intl/locale_values.h"
+#include "support/locale.h"
+
+namespace {
+
+struct LanguageCase {
+    int line;
+    uint16_t system;
+    uint16_t user;
+    int32_t doubleByte;
+    int32_t codePageClass;
+    int32_t rightToLeft;
+    uint16_t blank;
+};
+constexpr LanguageCase kLanguages[] = {
+    //          system  user    double  class           right   blank
+    {__LINE__, 0x0409, 0x0409, 0, kClassNone, 0, 0},
+    {__LINE__, 0x0411, 0x0411, 1, kClassJapanese, 0, 0x8140},
+    {__LINE__, 0x0C11, 0x0409, 1, kClassJapanese, 0, 0x8140},  // any country
+    {__LINE__, 0x0804, 0x0804, 1, kClassChinese, 0, 0xA140},
+    {__LINE__, 0x0404, 0x0404, 1, kClassChinese, 0, 0xA140},
+    {__LINE__, 0x0412, 0x0412, 1, kClassKorean, 0, 0xA1A1},
+    {__LINE__, 0x0411, 0x040D, 1, kClassJapanese, 0, 0x8140},  // the user's Hebrew doesn't count
+    {__LINE__, 0x0409, 0x0401, 0, kClassNone, 1, 0},
+    {__LINE__, 0x0409, 0x040D, 0, kClassNone, 1, 0},
+    {__LINE__, 0x0401, 0x0409, 0, kClassNone, 1, 0},
+    {__LINE__, 0x040D, 0x0409, 0, kClassNone, 1, 0},
+    {__LINE__, 0x0429, 0x0409, 0, kClassNone, 1, 0},
+    {__LINE__, 0x0409, 0x0429, 0, kClassNone, 1, 0},
+    {__LINE__, 0x0409, 0x0411, 0, kClassNone, 0, 0},  // nor does the user's Japanese
+    {__LINE__, 0x0409, 0x0101, 0, kClassNone, 1, 0},  // eight bits of the user's language count
+};
+
+TEST(Locale, FollowsTheLanguages) {
+    for (const LanguageCase& c : kLanguages) {
+        const testing::ScopedTrace row(__FILE__, c.line, "");
+        const TestLanguage language(c.system, c.user);
+        EXPECT_EQ(IntlDBCSEnabled(), c.doubleByte);
+        EXPECT_EQ(gIntlCodePageClass, c.codePageClass);
+        EXPECT_EQ(IntlIsBiDiEnabled(), c.rightToLeft);
+        EXPECT_EQ(IntlDBCSBlank(), c.blank);
+        EXPECT_EQ(gIntlLangId, c.system);
+        EXPECT_EQ(gIntlPrimaryLang, c.system & 0x3FF);
+    }
+}
+
+}  // namespace
