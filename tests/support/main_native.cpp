@@ -9,7 +9,11 @@
 #include <morvl15/host_native.h>
 #include <morvl15/intl.h>
 
+#include "support/profile_native.h"
+
 namespace {
+
+std::string profilePath;
 
 class BlockCheck : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo& /*info*/) override { blocksBefore_ = HostLiveBlocks(); }
@@ -22,6 +26,10 @@ class BlockCheck : public testing::EmptyTestEventListener {
 
 }  // namespace
 
+const char* TestProfilePath() {
+    return profilePath.c_str();
+}
+
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     std::string folder = "/tmp/morvl15-test-XXXXXX";
@@ -29,15 +37,15 @@ int main(int argc, char** argv) {
         std::perror("a folder for the profile");
         return 1;
     }
-    const std::string profile = folder + "/profile.ini";
-    HostSetProfilePath(profile.c_str());
+    profilePath = folder + "/profile.ini";
+    HostSetProfilePath(TestProfilePath());
     HostSetLanguages(0x0409, 0x0409);
     IntlInit();
     HostCountBlocks(TRUE);
     testing::UnitTest::GetInstance()->listeners().Append(new BlockCheck);
     const int result = RUN_ALL_TESTS();
     HostCountBlocks(FALSE);
-    std::remove(profile.c_str());
+    std::remove(TestProfilePath());
     std::remove(folder.c_str());
     return result;
 }
