@@ -36,14 +36,14 @@ MORVL_HOST_API void HostSetProgramStrings(const HostString* strings, size_t coun
 // ---- surroundings -----------------------------------------------------------------------------------------------
 
 // Puts a system default language and a user default locale in force in the place of the environment's, and with the
-// system language its code page. Zeros go back to the environment. The library looks at languages only in IntlInit.
-// Not to be called while other threads use text.
+// system language its code page. A zero goes back to the environment, which is read again. The library looks at
+// languages only in IntlInit. Not to be called while other threads use text.
 MORVL_HOST_API void HostSetLanguages(LANGID systemLanguage, LCID userLocale);
 
 // Sets the clock to a moment that stands still; null lets it run again.
 MORVL_HOST_API void HostSetClock(const SYSTEMTIME* time);
 
-// Names the profile file (copied), null for the default place.
+// Names the profile file (copied), null or empty for the default place. Nothing is read until a profile call is made.
 MORVL_HOST_API void HostSetProfilePath(const char* path);
 
 // ---- allocations ------------------------------------------------------------------------------------------------
@@ -53,7 +53,9 @@ MORVL_HOST_API void HostSetProfilePath(const char* path);
 MORVL_HOST_API void HostFailAllocation(uint32_t n);
 MORVL_HOST_API BOOL HostAllocationFailed(void);
 
-// Live heap, global and local blocks that were allocated after counting was switched on by HostCountBlocks(TRUE).
+// HostCountBlocks(TRUE) starts a count at 0, HostCountBlocks(FALSE) counts no further blocks in. HostLiveBlocks gives
+// the heap, global and local blocks that were counted in and aren't freed yet; a movable block counts as two, its
+// record and its bytes.
 MORVL_HOST_API void HostCountBlocks(BOOL on);
 MORVL_HOST_API int64_t HostLiveBlocks(void);
 

@@ -13,32 +13,34 @@ namespace {
 // Keeps the alignment that the C allocator promises.
 struct alignas(alignof(std::max_align_t)) BlockHeader {
     size_t size;
+    uint32_t count;  // the count that the block is part of, 0 for none
 };
 
-// Counting and failing cost nothing until a test asks for one of them.
-std::atomic<bool> watched{false};
-std::atomic<bool> counting{false};
+// Counting and failing cost a test of a word until somebody asks for one of them.
+std::atomic<uint32_t> countInForce{0};  // the number of the count that goes on, 0 for none
+std::atomic<uint32_t> countsStarted{0};
 std::atomic<int64_t> liveBlocks{0};
 std::atomic<uint32_t> failCountdown{0};
 std::atomic<bool> hasFailed{false};
 
-void UpdateWatched() {
-    watched.store(counting.load() || failCountdown.load() != 0);
-}
-
 bool MayAllocate() {
-    if (!watched.load(std::memory_order_relaxed)) return true;
-    uint32_t left = failCountdown.load();
+    uint32_t left = failCountdown.load(std::memory_order_relaxed);
     while (left != 0 && !failCountdown.compare_exchange_weak(left, left - 1)) {
     }
     if (left != 1) return true;
     hasFailed.store(true);
-    UpdateWatched();
     return false;
 }
 
-void CountBlocks(int64_t change) {
-    if (counting.load(std::memory_order_relaxed)) liveBlocks.fetch_add(change, std::memory_order_relaxed);
+void CountNew(BlockHeader* header) {
+    header->count = countInForce.load(std::memory_order_relaxed);
+    if (header->count != 0) liveBlocks.fetch_add(1, std::memory_order_relaxed);
+}
+
+// A block counts only where it was counted in, whatever was switched since.
+void CountFreed(const BlockHeader* header) {
+    const bool counted = header->count != 0 && header->count == countsStarted.load(std::memory_order_relaxed);
+    if (counted) liveBlocks.fetch_sub(1, std::memory_order_relaxed);
 }
 
 BlockHeader* HeaderOf(void* block) {
@@ -57,7 +59,7 @@ void* HostBlockAlloc(size_t size, bool zeroed) {
     if (header == nullptr) return nullptr;
     header->size = size;
     if (zeroed) std::memset(header + 1, 0, size);
-    CountBlocks(1);
+    CountNew(header);
     return header + 1;
 }
 
@@ -73,8 +75,15 @@ void* HostBlockResize(void* block, size_t size, bool zeroed) {
 
 void HostBlockFree(void* block) {
     if (block == nullptr) return;
-    std::free(HeaderOf(block));
-    CountBlocks(-1);
+    BlockHeader* header = HeaderOf(block);
+    CountFreed(header);
+    std::free(header);
+}
+
+bool HostBlockShrink(void* block, size_t size) {
+    if (size > HostBlockSize(block)) return false;
+    HeaderOf(block)->size = size;
+    return true;
 }
 
 size_t HostBlockSize(const void* block) {
@@ -110,7 +119,6 @@ SIZE_T HeapSize(HANDLE heap, DWORD /*flags*/, LPCVOID block) {
 void HostFailAllocation(uint32_t n) {
     hasFailed.store(false);
     failCountdown.store(n);
-    UpdateWatched();
 }
 
 BOOL HostAllocationFailed() {
@@ -118,8 +126,12 @@ BOOL HostAllocationFailed() {
 }
 
 void HostCountBlocks(BOOL on) {
-    counting.store(on != FALSE);
-    UpdateWatched();
+    if (on == FALSE) {
+        countInForce.store(0);
+        return;
+    }
+    liveBlocks.store(0);
+    countInForce.store(countsStarted.fetch_add(1) + 1);
 }
 
 int64_t HostLiveBlocks() {

@@ -10,6 +10,9 @@ void* HostBlockAlloc(size_t size, bool zeroed);
 // block stands as before.
 void* HostBlockResize(void* block, size_t size, bool zeroed);
 
+// Makes a block smaller where it is. False for a size that is greater than the block's, and nothing happens.
+bool HostBlockShrink(void* block, size_t size);
+
 void HostBlockFree(void* block);  // null is ignored
 
 size_t HostBlockSize(const void* block);

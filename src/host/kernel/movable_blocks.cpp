@@ -2,7 +2,6 @@
 // record, marked by its low address bits, that holds the block's address and its lock count. Handles are only as safe
 // as on the platform: a freed one must not be used again.
 #include <mutex>
-#include <new>
 
 #include <morvl15/host.h>
 
@@ -18,7 +17,7 @@ struct MovableBlock {
 // Blocks are aligned to 16, so an address with this bit set can only be a handle.
 constexpr uintptr_t kHandleMark = 4;
 
-std::mutex locksLock;
+std::mutex blocksLock;  // of the records, not of what is in the blocks
 
 bool IsMovable(const void* handle) {
     return (reinterpret_cast<uintptr_t>(handle) & kHandleMark) != 0;
@@ -30,6 +29,13 @@ MovableBlock* BlockOf(void* handle) {
 
 void* HandleOf(MovableBlock* block) {
     return reinterpret_cast<void*>(reinterpret_cast<uintptr_t>(block) + kHandleMark);
+}
+
+void* Resize(void* data, size_t size, bool zeroed, bool mayMove) {
+    if (!mayMove && HostBlockShrink(data, size)) return data;
+    void* resized = mayMove ? HostBlockResize(data, size, zeroed) : nullptr;
+    if (resized == nullptr) SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return resized;
 }
 
 }  // namespace
@@ -52,14 +58,17 @@ HGLOBAL GlobalAlloc(UINT flags, SIZE_T size) {
 }
 
 HGLOBAL GlobalReAlloc(HGLOBAL handle, SIZE_T size, UINT flags) {
-    const bool zeroed = (flags & GMEM_ZEROINIT) != 0;
-    if (!IsMovable(handle)) return HostBlockResize(handle, size, zeroed);
-    MovableBlock* block = BlockOf(handle);
-    void* data = HostBlockResize(block->data, size, zeroed);
-    if (data == nullptr) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    if (handle == nullptr) {
+        SetLastError(ERROR_INVALID_HANDLE);
         return nullptr;
     }
+    const bool zeroed = (flags & GMEM_ZEROINIT) != 0;
+    const bool mayMove = (flags & GMEM_MOVEABLE) != 0;
+    if (!IsMovable(handle)) return Resize(handle, size, zeroed, mayMove);
+    const std::lock_guard guard(blocksLock);
+    MovableBlock* block = BlockOf(handle);
+    void* data = Resize(block->data, size, zeroed, mayMove || block->locks == 0);
+    if (data == nullptr) return nullptr;
     block->data = data;
     return handle;
 }
@@ -77,7 +86,7 @@ HGLOBAL GlobalFree(HGLOBAL handle) {
 
 LPVOID GlobalLock(HGLOBAL handle) {
     if (handle == nullptr || !IsMovable(handle)) return handle;
-    const std::lock_guard guard(locksLock);
+    const std::lock_guard guard(blocksLock);
     MovableBlock* block = BlockOf(handle);
     ++block->locks;
     return block->data;
@@ -85,11 +94,14 @@ LPVOID GlobalLock(HGLOBAL handle) {
 
 BOOL GlobalUnlock(HGLOBAL handle) {
     if (handle == nullptr || !IsMovable(handle)) return TRUE;
-    const std::lock_guard guard(locksLock);
+    const std::lock_guard guard(blocksLock);
     MovableBlock* block = BlockOf(handle);
-    if (block->locks > 0) --block->locks;
+    if (block->locks == 0) {
+        SetLastError(ERROR_NOT_LOCKED);
+        return FALSE;
+    }
     SetLastError(ERROR_SUCCESS);
-    return block->locks > 0 ? TRUE : FALSE;
+    return --block->locks > 0 ? TRUE : FALSE;
 }
 
 SIZE_T GlobalSize(HGLOBAL handle) {

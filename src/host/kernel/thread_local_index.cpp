@@ -14,9 +14,16 @@ namespace {
 
 constexpr DWORD kIndexes = 64;
 
-using ThreadValues = std::array<LPVOID, kIndexes>;
+// How often an index has been taken and given back: odd while it is taken. A value belongs to the turn in which it was
+// set, so that whoever takes an index next finds it empty in every thread.
+std::array<std::atomic<uint32_t>, kIndexes> indexTurns;
 
-std::array<std::atomic<bool>, kIndexes> indexTaken;
+struct ThreadValue {
+    LPVOID value;
+    uint32_t turn;
+};
+using ThreadValues = std::array<ThreadValue, kIndexes>;
+
 thread_local ThreadValues* threadValues = nullptr;
 
 // The routine of a pthread key runs while the thread's own variables still live, which a destructor of theirs would
@@ -44,38 +51,54 @@ ThreadValues* ValuesOfThread() {
     return threadValues;
 }
 
-bool IsTaken(DWORD index) {
-    return index < kIndexes && indexTaken[index].load(std::memory_order_acquire);
+bool IsTaken(uint32_t turn) {
+    return turn % 2 != 0;
+}
+
+// The turn of an index; 0, which is nobody's, for a number that is none.
+uint32_t TurnOf(DWORD index) {
+    return index < kIndexes ? indexTurns[index].load(std::memory_order_acquire) : 0;
+}
+
+bool TakeIndex(DWORD index) {
+    uint32_t turn = TurnOf(index);
+    return !IsTaken(turn) && indexTurns[index].compare_exchange_strong(turn, turn + 1, std::memory_order_acq_rel);
 }
 
 }  // namespace
 
 DWORD TlsAlloc() {
     for (DWORD index = 0; index < kIndexes; ++index) {
-        if (!indexTaken[index].exchange(true, std::memory_order_acq_rel)) return index;
+        if (TakeIndex(index)) return index;
     }
     return TLS_OUT_OF_INDEXES;
 }
 
 BOOL TlsFree(DWORD index) {
-    if (!IsTaken(index)) return FALSE;
-    if (threadValues != nullptr) (*threadValues)[index] = nullptr;
-    indexTaken[index].store(false, std::memory_order_release);
-    return TRUE;
+    uint32_t turn = TurnOf(index);
+    const bool freed =
+        IsTaken(turn) && indexTurns[index].compare_exchange_strong(turn, turn + 1, std::memory_order_acq_rel);
+    return freed ? TRUE : FALSE;
 }
 
 LPVOID TlsGetValue(DWORD index) {
-    if (index >= kIndexes || threadValues == nullptr) return nullptr;
-    return (*threadValues)[index];
+    const uint32_t turn = TurnOf(index);
+    if (!IsTaken(turn) || threadValues == nullptr) return nullptr;
+    const ThreadValue& entry = (*threadValues)[index];
+    return entry.turn == turn ? entry.value : nullptr;
 }
 
 BOOL TlsSetValue(DWORD index, LPVOID value) {
-    if (!IsTaken(index)) return FALSE;
+    const uint32_t turn = TurnOf(index);
+    if (!IsTaken(turn)) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
     ThreadValues* values = ValuesOfThread();
     if (values == nullptr) {
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return FALSE;
     }
-    (*values)[index] = value;
+    (*values)[index] = ThreadValue{value, turn};
     return TRUE;
 }
