@@ -4,8 +4,13 @@
 
 #include "../datetime/calendar.h"
 
-#define INTERIM extern "C" __attribute__((weak))
+#if defined(_WIN32)
+#define INTERIM_WEAK  // linked last, and later definitions of a name are passed over
+#else
+#define INTERIM_WEAK __attribute__((weak))
+#endif
+#define INTERIM extern "C" INTERIM_WEAK
 INTERIM void MORVL_CALL FMTWinIniChanged(void) {}
-__attribute__((weak)) int32_t FMTLoadNames() {
+INTERIM_WEAK int32_t FMTLoadNames() {
     return 0;
 }
