@@ -1,15 +1,20 @@
 # One test program a room. Tests see the internal headers, so each program holds the library's objects itself. Files
-# that end in _native.cpp need the native host's controls and stay out of the Windows build.
-find_package(GTest REQUIRED)
+# that end in _native.cpp need the native host's controls and stay out of the Windows build; those that end in
+# _windows.cpp are for that build alone.
+if(WIN32)
+  set(other_host native)
+  # There is no built one for this target: it is built from its packaged sources.
+  set(MORVL15_GOOGLETEST /usr/src/googletest/googletest CACHE PATH "GoogleTest's sources")
+  set(INSTALL_GTEST OFF)
+  add_subdirectory(${MORVL15_GOOGLETEST} googletest EXCLUDE_FROM_ALL)
+else()
+  set(other_host windows)
+  find_package(GTest REQUIRED)
+endif()
 include(GoogleTest)
 
 file(GLOB support_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/support/*.cpp)
-set(host_of_tests native)
-if(WIN32)
-  list(FILTER support_sources EXCLUDE REGEX "_native\\.cpp$")
-else()
-  list(FILTER support_sources EXCLUDE REGEX "_windows\\.cpp$")
-endif()
+list(FILTER support_sources EXCLUDE REGEX "_${other_host}\\.cpp$")
 add_library(test_support OBJECT ${support_sources})
 target_link_libraries(test_support PUBLIC morvl15_options GTest::gtest)
 target_compile_definitions(test_support PUBLIC MORVL15_STATIC)
@@ -17,16 +22,16 @@ target_include_directories(test_support PUBLIC ${PROJECT_SOURCE_DIR}/src ${PROJE
 
 foreach(room IN LISTS rooms ITEMS host)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${room}/*.cpp)
-  if(WIN32)
-    list(FILTER sources EXCLUDE REGEX "_native\\.cpp$")
-  endif()
+  list(FILTER sources EXCLUDE REGEX "_${other_host}\\.cpp$")
   if(NOT sources)
     continue()
   endif()
   add_executable(${room}_tests ${sources})
   target_link_libraries(${room}_tests PRIVATE test_support morvl15_objects GTest::gtest)
   target_compile_options(${room}_tests PRIVATE -Wno-conversion)
-  if(NOT WIN32)
+  if(WIN32)
+    target_link_libraries(${room}_tests PRIVATE morvl15_resources)
+  else()
     target_link_libraries(${room}_tests PRIVATE morvl15host)
     gtest_discover_tests(${room}_tests DISCOVERY_TIMEOUT 60)
   endif()
@@ -35,12 +40,27 @@ endforeach()
 # The headers compile as plain C too, and a C program links.
 add_executable(c_header_test ${PROJECT_SOURCE_DIR}/tests/boundary/c_header_test.c)
 target_link_libraries(c_header_test PRIVATE morvl15_options morvl15)
-if(NOT WIN32)
+
+# The library as its callers see it: what it exports and, on Windows, what it imports and how it behaves when it is
+# loaded by name. The programs of the Windows build are run by scripts/test.sh.
+if(WIN32)
+  file(STRINGS ${PROJECT_SOURCE_DIR}/cmake/exports.txt exports REGEX "^[^#]")
+  list(TRANSFORM exports REPLACE "^([A-Za-z0-9_]+).*$" "EXPORT(\\1)")
+  list(JOIN exports "\n" exports)
+  file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/generated/exports.def CONTENT "${exports}\n")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.txt)
+  add_executable(boundary_tests ${PROJECT_SOURCE_DIR}/tests/boundary/load_library_windows.cpp)
+  target_include_directories(boundary_tests PRIVATE ${PROJECT_BINARY_DIR}/generated)
+  target_link_libraries(boundary_tests PRIVATE morvl15_options GTest::gtest_main version)
+  add_dependencies(boundary_tests morvl15)
+  add_test(NAME Boundary.Imports COMMAND ${CMAKE_COMMAND}
+    -DOBJDUMP=${CMAKE_OBJDUMP} -DLIBRARY=$<TARGET_FILE:morvl15> -P ${PROJECT_SOURCE_DIR}/cmake/CheckImports.cmake)
+else()
   add_test(NAME Boundary.CHeaders COMMAND c_header_test)
-  add_test(NAME Boundary.Exports COMMAND ${CMAKE_COMMAND}
-    -DNM=${CMAKE_NM} -DLIBRARY=$<TARGET_FILE:morvl15> -DEXPORTS=${PROJECT_SOURCE_DIR}/cmake/exports.txt
-    -P ${PROJECT_SOURCE_DIR}/cmake/CheckExports.cmake)
-  if(MORVL15_SANITIZE)
-    set_tests_properties(Boundary.Exports PROPERTIES DISABLED TRUE)
-  endif()
+endif()
+add_test(NAME Boundary.Exports COMMAND ${CMAKE_COMMAND} -DNM=${CMAKE_NM} -DOBJDUMP=${CMAKE_OBJDUMP}
+  -DLIBRARY=$<TARGET_FILE:morvl15> -DEXPORTS=${PROJECT_SOURCE_DIR}/cmake/exports.txt
+  -P ${PROJECT_SOURCE_DIR}/cmake/CheckExports.cmake)
+if(MORVL15_SANITIZE)
+  set_tests_properties(Boundary.Exports PROPERTIES DISABLED TRUE)
 endif()

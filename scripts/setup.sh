@@ -8,7 +8,7 @@ for group in "$@"; do
   case $group in
     bench) packages+=(libbenchmark-dev libicu-dev libboost-dev) ;;
     fuzz) packages+=(clang libclang-rt-14-dev) ;;
-    windows) packages+=(g++-mingw-w64-i686) ;;
+    windows) packages+=(g++-mingw-w64-i686 googletest debootstrap) ;;
     check) packages+=(clang-format clang-tidy) ;;
     *) echo "setup.sh: no group $group (bench, fuzz, windows, check)" >&2; exit 2 ;;
   esac

@@ -37,9 +37,27 @@ run_fuzzers() {
   done
 }
 
+# Suites named after a language run under it, all others under English.
+languages=(Japanese=ja_JP Chinese=zh_CN ChineseTraditional=zh_TW Korean=ko_KR
+  Arabic=ar_SA Hebrew=he_IL Farsi=fa_IR German=de_DE)
+
 run_windows() {
   say "32-bit Windows: build"
   build windows
+  ctest --test-dir build/windows --output-on-failure
+
+  say "32-bit Windows: tests"
+  local rest="-" pair programs
+  for pair in "${languages[@]}"; do rest+="*${pair%=*}.*:"; done
+  scripts/wine.sh scripts/windows_tests.sh "$rest" build/windows/bin/*_tests.exe
+  scripts/wine.sh wine build/windows/bin/c_header_test.exe
+  for pair in "${languages[@]}"; do
+    mapfile -t programs < <(grep -lE "^TEST(_F|_P)?\(\w+${pair%=*}, " tests/*/*_test.cpp |
+      sed 's,^tests/\([^/]*\)/.*,build/windows/bin/\1_tests.exe,' | sort -u)
+    [ ${#programs[@]} -eq 0 ] && continue
+    say "32-bit Windows: tests, ${pair%=*}"
+    scripts/wine.sh --language "${pair#*=}" scripts/windows_tests.sh "*${pair%=*}.*" "${programs[@]}"
+  done
 }
 
 run_check() {

@@ -1,0 +1,115 @@
+// The DLL as a program sees it that loads it by name: each export is found, one operation of each family answers, the
+// end of a thread is served, and the library can go again.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include <morvl15/morvl15.h>
+
+#include "version.h"
+
+namespace {
+
+constexpr const char* kExports[] = {
+#define EXPORT(name) #name,
+#include "exports.def"
+#undef EXPORT
+};
+
+class LoadedLibrary : public testing::Test {
+  protected:
+    void SetUp() override {
+        library_ = LoadLibraryA("morvl15.dll");
+        ASSERT_NE(library_, nullptr) << GetLastError();
+    }
+    void TearDown() override {
+        EXPECT_TRUE(FreeLibrary(library_));
+        EXPECT_EQ(GetModuleHandleA("morvl15.dll"), nullptr) << "still loaded";
+    }
+
+    // The export of a name, with the type that its header gives it.
+    template <typename Export>
+    Export* Find(const char* name) {
+        auto* address = reinterpret_cast<Export*>(reinterpret_cast<void*>(GetProcAddress(library_, name)));
+        EXPECT_NE(address, nullptr) << name;
+        return address;
+    }
+
+    HMODULE library_ = nullptr;
+};
+
+#define FIND(name) Find<decltype(name)>(#name)
+
+TEST_F(LoadedLibrary, HasEachNameOfTheList) {
+    for (const char* name : kExports) EXPECT_NE(GetProcAddress(library_, name), nullptr) << name;
+}
+
+TEST_F(LoadedLibrary, HasTheLockMade) {
+    CRSect* lock = FIND(gCRMainSect);
+    EXPECT_EQ(*FIND(gpCRSECTMain), lock);
+    EXPECT_EQ(FIND(CR_LockCount)(lock), 0);
+    EnterCriticalSection(&lock->section);
+    ++lock->lockCount;
+    EXPECT_EQ(FIND(CR_Unwind)(lock), 1);
+}
+
+TEST_F(LoadedLibrary, AllocatesMemory) {
+    void* block = FIND(MemAlloc)(40);
+    EXPECT_EQ(FIND(MemSize)(block), 40u);
+    FIND(MemFree)(block);
+}
+
+struct SlotThread {
+    decltype(&TLS_SetItem) setItem;
+    int32_t slot;
+    uintptr_t seen;
+};
+
+uintptr_t cleanedUp;
+void MORVL_CALL CleanUp(uintptr_t value) {
+    cleanedUp += value;
+}
+
+DWORD WINAPI UseSlot(void* parameter) {
+    auto* use = static_cast<SlotThread*>(parameter);
+    use->seen = use->setItem(use->slot, 7, CleanUp);
+    return 0;
+}
+
+TEST_F(LoadedLibrary, FreesTheSlotsOfAThreadThatEnds) {
+    SlotThread use = {FIND(TLS_SetItem), FIND(TLS_AllocIndex)(), 0};
+    cleanedUp = 0;
+    HANDLE thread = CreateThread(nullptr, 0, UseSlot, &use, 0, nullptr);
+    WaitForSingleObject(thread, INFINITE);
+    CloseHandle(thread);
+    EXPECT_EQ(use.seen, 7u);
+    EXPECT_EQ(cleanedUp, 7u);
+}
+
+TEST_F(LoadedLibrary, DoesNotServeTheSlotsOfTheThreadThatUnloadsIt) {
+    cleanedUp = 0;
+    const int32_t slot = FIND(TLS_AllocIndex)();
+    FIND(TLS_SetItem)(slot, 9, CleanUp);
+    TearDown();
+    EXPECT_EQ(cleanedUp, 0u);
+    SetUp();
+    EXPECT_EQ(FIND(TLS_AllocIndex)(), slot) << "a library loaded anew starts anew";
+}
+
+TEST_F(LoadedLibrary, HoldsItsVersionInUsEnglish) {
+    char path[MAX_PATH];
+    ASSERT_NE(GetModuleFileNameA(library_, path, sizeof path), 0u);
+    DWORD unused = 0;
+    const DWORD size = GetFileVersionInfoSizeA(path, &unused);
+    ASSERT_NE(size, 0u);
+    std::vector<char> block(size);
+    ASSERT_TRUE(GetFileVersionInfoA(path, 0, size, block.data()));
+    for (const char* key : {"\\StringFileInfo\\040904b0\\ProductVersion", "\\StringFileInfo\\040904b0\\FileVersion"}) {
+        void* text = nullptr;
+        UINT length = 0;
+        ASSERT_TRUE(VerQueryValueA(block.data(), key, &text, &length)) << key;
+        EXPECT_STREQ(static_cast<const char*>(text), MORVL15_VERSION_TEXT);
+    }
+}
+
+}  // namespace
