@@ -4,6 +4,8 @@
 // carried back without a break. Day numbers live inside operations only; dates travel as the fields of DatDef.
 #pragma once
 
+#include <atomic>
+
 #include <morvl15/datetime.h>
 
 // ---- day numbers ------------------------------------------------------------------------------------------------
@@ -31,6 +33,13 @@ int32_t FMTCenturyFor(int32_t twoDigits);
 // Loads the names of months and days and the words of the profile from the string table. 1 on success, 0 on failure.
 // It runs at process attach; if that fails, it is tried again wherever names are needed.
 int32_t FMTLoadNames();
+
+// Whether FMTLoadNames has succeeded; from then on the tables don't change.
+extern std::atomic<bool> gFMTNamesLoaded;
+
+inline int32_t FMTEnsureNames() {
+    return gFMTNamesLoaded.load(std::memory_order_acquire) ? 1 : FMTLoadNames();
+}
 
 // Month 1 to 12 or day code 1 to 7 of an abbreviated or full name in any case; 0 for any other text and for null.
 int32_t FMTFindMonthName(const char* text);

@@ -1,0 +1,80 @@
+// Names of months and days.
+#include <gtest/gtest.h>
+
+#include <cctype>
+#include <string>
+
+#include "datetime/calendar.h"
+
+namespace {
+
+constexpr const char* kMonths[12] = {"January", "February", "March",     "April",   "May",      "June",
+                                     "July",    "August",   "September", "October", "November", "December"};
+constexpr const char* kDays[7] = {"Saturday", "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday"};
+
+std::string InUpperCase(std::string text) {
+    for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return text;
+}
+
+TEST(CalendarNames, MonthsBothWays) {
+    for (int32_t month = 1; month <= 12; ++month) {
+        const std::string full = kMonths[month - 1];
+        const std::string abbreviated = full.substr(0, 3);
+        EXPECT_EQ(FMTMonthFull(month), full);
+        EXPECT_EQ(FMTMonthAbbrev(month), abbreviated);
+        for (const std::string& text : {full, abbreviated, InUpperCase(full), InUpperCase(abbreviated)}) {
+            EXPECT_EQ(FMTFindMonthName(text.c_str()), month) << text;
+            EXPECT_EQ(FMTFindDayName(text.c_str()), 0) << text;
+        }
+    }
+}
+
+TEST(CalendarNames, DaysBothWays) {
+    for (int32_t code = 1; code <= 7; ++code) {
+        const std::string full = kDays[code - 1];
+        const std::string abbreviated = full.substr(0, 3);
+        EXPECT_EQ(FMTDayFull(code), full);
+        EXPECT_EQ(FMTDayAbbrev(code), abbreviated);
+        for (const std::string& text : {full, abbreviated, InUpperCase(full), InUpperCase(abbreviated)}) {
+            EXPECT_EQ(FMTFindDayName(text.c_str()), code) << text;
+            EXPECT_EQ(FMTFindMonthName(text.c_str()), 0) << text;
+        }
+    }
+}
+
+TEST(CalendarNames, WhatIsNoName) {
+    for (const char* text : {"", "Janu", "January ", "x", "ZZZ", "AAA", "Sept", "\xFF\xFE"}) {
+        EXPECT_EQ(FMTFindMonthName(text), 0) << text;
+        EXPECT_EQ(FMTFindDayName(text), 0) << text;
+    }
+    EXPECT_EQ(FMTFindMonthName(nullptr), 0);
+    EXPECT_EQ(FMTFindDayName(nullptr), 0);
+    for (const int32_t number : {INT32_MIN, -1, 0, 13, INT32_MAX}) {
+        EXPECT_STREQ(FMTMonthAbbrev(number), "");
+        EXPECT_STREQ(FMTMonthFull(number), "");
+        EXPECT_STREQ(FMTDayAbbrev(number), "");
+        EXPECT_STREQ(FMTDayFull(number), "");
+    }
+    EXPECT_STREQ(FMTDayFull(8), "");
+}
+
+TEST(CalendarNames, LongestNames) {
+    for (int32_t call = 0; call < 2; ++call) {
+        EXPECT_EQ(FMTMaxMonthNameLen(), 9);
+        EXPECT_EQ(FMTMaxDayNameLen(), 9);
+    }
+}
+
+TEST(CalendarNames, ProfileWords) {
+    const FMTProfileWords* words = FMTGetProfileWords();
+    ASSERT_NE(words, nullptr);
+    EXPECT_STREQ(words->dateType, "sDateType");
+    EXPECT_STREQ(words->shortGregorian, "ShortGregorian");
+    EXPECT_STREQ(words->longGregorian, "LongGregorian");
+    EXPECT_STREQ(words->japanGregorian, "JapanGregorian");
+    EXPECT_STREQ(words->japanEmperor, "JapanEmperor");
+    EXPECT_STREQ(words->empDateBoundryCheck, "iEmpDateBoundryCheck");
+}
+
+}  // namespace
