@@ -1,5 +1,7 @@
-// Number pictures: their two forms, the currency strings of the region, and what is valid.
+// Number pictures: their two forms, and the currency strings of the region.
 #pragma once
+
+#include <atomic>
 
 #include <morvl15/format.h>
 
@@ -19,16 +21,6 @@ constexpr char kTokenPad = 0x0E;  // the "_" of a pair
 constexpr char kTokenRunStart = 0x0F;
 constexpr char kTokenRunEnd = 0x10;
 
-// ---- what other rooms need of a picture -------------------------------------------------------------------------
-
-// The text form of a picture: the picture itself if it is text, or the text written to buffer if it is tokenized.
-// Null for a picture, or a text made of it, of more than 63 bytes.
-const char* FMTPictureText(const FMTRegion& region, const char* picture, char (&buffer)[kPictureSize]);
-
-// 1 if the picture is taken to be scientific: it begins with "0.", and an E in either case stands before a zero with
-// one character between. Whether it is a valid one is another question.
-int32_t FMTIsSciPic(const char* picture);
-
 // ---- the currency strings ---------------------------------------------------------------------------------------
 
 struct FMTCurrencyStrings {
@@ -47,11 +39,16 @@ void FMTBuildCurrencyStrings(int32_t position, int32_t negLayout, char* posPrefi
 // private ones are built in the caller's record at each call.
 const FMTCurrencyStrings& FMTCurrencyStringsOf(const FMTRegion& region, FMTCurrencyStrings* privateStrings);
 
-// ---- validity ---------------------------------------------------------------------------------------------------
+// Whether those of the profile have been built. Never lowered but by tests.
+extern std::atomic<bool> gFMTCurrencyBuilt;
 
+// ---- what other rooms need of a picture -------------------------------------------------------------------------
+
+// The text form of a picture: the picture itself if it is text, or the text written to buffer if it is tokenized.
+// Null for a picture, or a text made of it, of more than 63 bytes.
+const char* FMTPictureText(const FMTRegion& region, const char* picture, char (&buffer)[kPictureSize]);
+
+// 1 if the picture is taken to be scientific: it begins with "0.", and an E in either case stands before a zero with
+// one character between. Whether it is a valid one is another question, which FMTIsSciPicValid answers.
+int32_t FMTIsSciPic(const char* picture);
 int32_t FMTIsSciPicValid(const char* picture);
-
-// One section of a sectioned picture, by its number 1 to 3, under the separators and the negative layout of the region
-// and its currency strings. *sawCurrency is shared by the sections of a picture and starts at 0.
-int32_t FMTIsNumberPicSectionValid(const FMTRegion& region, const FMTCurrencyStrings& strings, const char* section,
-                                   int32_t sectionNumber, int32_t* sawCurrency);

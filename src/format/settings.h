@@ -27,5 +27,5 @@ inline int32_t FMTCurrencyPosition(const FMTIntlSettings& settings) {
 
 // Takes the separators of a long date picture out of its quotes, in place. The picture stands in a buffer of
 // kLongDatePicSize bytes and is cut to it, never inside a double-byte character.
-constexpr int32_t kLongDatePicSize = 40;
+constexpr size_t kLongDatePicSize = 40;
 void FMTFixLongDatePic(char* picture, int32_t country);
