@@ -9,11 +9,6 @@ foreach(room IN LISTS rooms)
   list(APPEND library_sources ${sources})
 endforeach()
 
-if(WIN32 AND EXISTS ${PROJECT_SOURCE_DIR}/src/frame/interim.cpp)
-  list(REMOVE_ITEM library_sources ${PROJECT_SOURCE_DIR}/src/frame/interim.cpp)
-  list(APPEND library_sources ${PROJECT_SOURCE_DIR}/src/frame/interim.cpp)
-endif()
-
 if(NOT WIN32)
   set(host_sources)
   foreach(room IN LISTS host_rooms)

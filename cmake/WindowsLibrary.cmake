@@ -31,8 +31,3 @@ add_custom_command(TARGET morvl15 POST_BUILD
     --input-def ${decorated_definition} --output-lib $<TARGET_LINKER_FILE_NAME:morvl15>
   WORKING_DIRECTORY ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}
   VERBATIM)
-
-# A stand-in gives way to the real thing: of two definitions of a name the linker takes the first.
-if(EXISTS ${PROJECT_SOURCE_DIR}/src/frame/interim.cpp)
-  target_link_options(morvl15_options INTERFACE LINKER:--allow-multiple-definition)
-endif()
