@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Sets up, builds and runs the tests. Without names: the release build. Names choose: release, asan, tsan, fuzz,
-# windows, check, or all of them.
+# Sets up, builds and runs the tests. Without names: the release build. Names choose more: release, asan, tsan, fuzz,
+# windows, bench (each benchmark once, for its own checks), check (formatting, static analysis), or all of them.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -60,6 +60,11 @@ run_windows() {
   done
 }
 
+run_benchmarks() {
+  say "benchmarks, one short run each"
+  scripts/bench.sh --benchmark_min_time=0.001 >/dev/null
+}
+
 run_check() {
   say "format and static analysis"
   scripts/check.sh
@@ -67,16 +72,17 @@ run_check() {
 
 names=("$@")
 [ ${#names[@]} -eq 0 ] && names=(release)
-[ "${names[*]}" = all ] && names=(check release asan tsan fuzz windows)
+[ "${names[*]}" = all ] && names=(check release bench asan tsan fuzz windows)
 
 for name in "${names[@]}"; do
   case $name in
-    release) scripts/setup.sh bench; run_tests release ;;
+    release) scripts/setup.sh; run_tests release ;;
+    bench) run_benchmarks ;;
     asan | tsan) scripts/setup.sh; run_tests "$name" ;;
     fuzz) scripts/setup.sh fuzz; run_fuzzers ;;
     windows) scripts/setup.sh windows; run_windows ;;
     check) scripts/setup.sh check; run_check ;;
-    *) echo "test.sh: no tests named $name (release, asan, tsan, fuzz, windows, check, all)" >&2; exit 2 ;;
+    *) echo "test.sh: no tests named $name (release, bench, asan, tsan, fuzz, windows, check, all)" >&2; exit 2 ;;
   esac
 done
 say "all passed: ${names[*]}"
