@@ -7,6 +7,7 @@
 #include <morvl15/format.h>
 #include <morvl15/frame.h>
 #include <morvl15/intl.h>
+#include <morvl15/mask.h>
 #include <morvl15/memory.h>
 #include <morvl15/number.h>
 
