@@ -3,6 +3,8 @@
 #ifndef MORVL15_HOST_H
 #define MORVL15_HOST_H
 
+#include <morvl15/base.h>
+
 #if defined(_WIN32)
 #if !defined(NOMINMAX)
 #define NOMINMAX

@@ -46,6 +46,9 @@ MORVL_HOST_API void HostSetClock(const SYSTEMTIME* time);
 // Names the profile file (copied), null or empty for the default place. Nothing is read until a profile call is made.
 MORVL_HOST_API void HostSetProfilePath(const char* path);
 
+// The number of refusal sounds (MessageBeep) of the calling thread since the last call.
+MORVL_HOST_API uint32_t HostTakeBeeps(void);
+
 // ---- allocations ------------------------------------------------------------------------------------------------
 
 // The n-th allocation from now on fails (1 is the next one), of heap, global and local blocks alike, and those after

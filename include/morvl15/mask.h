@@ -14,7 +14,7 @@
 // page. Position n of a picture belongs to byte n of the masked text; a double-byte character is not treated as a unit.
 // A masked text holds the literals, an unmasked text only what stands at input positions.
 //
-// No operation keeps state; any thread may call.
+// No operation keeps state from one call to the next; any thread may call.
 #ifndef MORVL15_MASK_H
 #define MORVL15_MASK_H
 
@@ -58,6 +58,34 @@ MORVL_API int32_t MORVL_CALL FMTIsPicNoUnmaskOnGets(const char* picture);
 
 // FMTIsPicUnlimited: 1 if the picture's last character is "*"; 0 otherwise and for null.
 MORVL_API int32_t MORVL_CALL FMTIsPicUnlimited(const char* picture);
+
+// ---- validation while a person types ----------------------------------------------------------------------------
+
+// The application's own message to a control that brings it a text to show; its LParam is the text.
+#define FMT_MASK_SHOW_TEXT 1062
+
+// Bits of FMTCntlBlock.Flags that FMTValidateInput reads.
+#define FMT_MASK_REAPPLY 0x0100u  // texts set as a whole (set text, replace selection, paste) are masked again
+#define FMT_MASK_NOTIFY 0x0200u   // ... and reported to the parent, the control being marked as modified
+
+// FMTValidateInput: keeps a single-line edit control in the shape of a mask picture. The application hooks the
+// control's message handling, and for every message fills the block and calls this entry before the control sees the
+// message. The entry does its work on the control from outside; what it passes on to the control runs through the hook
+// once more, and that nested call answers 0 at once.
+//   block   in:  Window, the control; Message, WParam (16 bits each) and LParam, the message; Picture, a mask picture
+//   that
+//                is set on each call (null: nothing is handled); Flags bits 8 and 9, above
+//           out: Result, the answer to the message, where the result is 1
+// Result: 1 when the message is handled: the application answers it with Result and doesn't pass it on. 0 when it
+// isn't: the application passes it on to the control; Result is untouched.
+//
+// A character goes to the next input position, the literals before it being written first; typing inside a text that
+// isn't full pushes the rest to the right across the literals, and deleting closes it up. A character that doesn't fit
+// gives a beep and is gone. Left, Right, Home and End keep the caret on input positions; a position behind the picture
+// counts as one. With Shift, Home and End select from the start of the selection to the edge. Where there is no memory,
+// a key is refused and a deletion does nothing. Threads: each thread may serve the controls that it owns; while a call
+// runs, calls on the same thread answer 0.
+MORVL_API int32_t MORVL_CALL FMTValidateInput(FMTCntlBlock* block);
 
 MORVL_END_C
 

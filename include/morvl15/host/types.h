@@ -40,5 +40,6 @@ typedef void* HLOCAL;
 typedef struct HostModule* HINSTANCE;  // the module record of host_native.h; null is the program itself
 typedef HINSTANCE HMODULE;
 typedef struct HostWindow* HWND;
+typedef struct HostMenu* HMENU;
 
 #endif

@@ -1,0 +1,5 @@
+#include "support/beeps.h"
+
+std::optional<int> TakeBeeps() {
+    return std::nullopt;
+}
