@@ -1,0 +1,144 @@
+#include "default_pictures.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include <morvl15/datetime.h>
+#include <morvl15/intl.h>
+#include <morvl15/memory.h>
+
+namespace {
+
+constexpr int32_t kTypeDate = 1;
+constexpr int32_t kTypeTime = 2;
+constexpr size_t kTimeSepLength = 2;
+
+char* Append(char* out, const char* text) {
+    const size_t length = std::strlen(text);
+    std::memcpy(out, text, length + 1);
+    return out + length;
+}
+
+char* AppendSeparator(char* out, const char* separator) {
+    const size_t length = std::min(std::strlen(separator), kTimeSepLength);
+    std::memcpy(out, separator, length);
+    return out + length;
+}
+
+// Copies as much of a picture as fits, never half a character.
+void CopyPicture(char* buffer, int32_t length, const char* picture) {
+    if (buffer == nullptr || length <= 0) return;
+    const auto room = static_cast<size_t>(length) - 1;
+    size_t copied = 0;
+    while (picture[copied] != 0) {
+        const auto step = static_cast<size_t>(IntlBytesInNextChar(picture + copied));
+        if (copied + step > room) break;
+        copied += step;
+    }
+    std::memcpy(buffer, picture, copied);
+    buffer[copied] = 0;
+}
+
+void WriteJoined(char* out, const char* date, const char* time) {
+    out = Append(out, date);
+    *out++ = ' ';
+    Append(out, time);
+}
+
+size_t JoinedSize(const char* date, const char* time) {
+    return std::strlen(date) + std::strlen(time) + 2;
+}
+
+const char* EmptyForNull(const char* text) {
+    return text != nullptr ? text : "";
+}
+
+}  // namespace
+
+DateWord FMTDateWordOf(const char* picture) {
+    static constexpr struct {
+        const char* text;
+        DateWord word;
+    } kWords[] = {
+        {"", DateWord::kEmpty}, {"S", DateWord::kShort}, {"L", DateWord::kLong},
+        {"T", DateWord::kTime}, {"E", DateWord::kEra},   {"ED", DateWord::kEraDate},
+    };
+    const bool isLonger = picture[0] != 0 && picture[1] != 0 && picture[2] != 0;
+    if (isLonger) return DateWord::kNone;
+    for (const auto& row : kWords) {
+        if (std::strcmp(picture, row.text) == 0) return row.word;
+    }
+    return DateWord::kNone;
+}
+
+void FMTBuildTimePic(const FMTCntlBlock* block, const FMTRegion& region, char* buffer) {
+    const bool is24Hour = region.TimeIs24Hour() != 0;
+    const char* separator = region.TimeSep();
+    char* out = Append(buffer, is24Hour ? "hhhh" : "hh");
+    out = Append(AppendSeparator(out, separator), "mm");
+    out = Append(AppendSeparator(out, separator), "ss");
+    if ((block->Flags & kFlagMicroseconds) != 0) out = Append(AppendSeparator(out, separator), "mmmmmm");
+    if (!is24Hour) Append(out, " AMPM");
+}
+
+void FMTBuildTimePic(const FMTCntlBlock* block, char* buffer) {
+    FMTBuildTimePic(block, FMTRegion(block), buffer);
+}
+
+char* FMTJoinDatePic(const char* date, const char* time) {
+    auto* joined = static_cast<char*>(MemAlloc(static_cast<uint32_t>(JoinedSize(date, time))));
+    if (joined != nullptr) WriteJoined(joined, date, time);
+    return joined;
+}
+
+JoinedDatePic::~JoinedDatePic() {
+    MemFree(block_);
+}
+
+const char* JoinedDatePic::Join(const char* date, const char* time) {
+    if (JoinedSize(date, time) > kRoom) {
+        block_ = FMTJoinDatePic(date, time);
+        return block_;
+    }
+    WriteJoined(room_, date, time);
+    return room_;
+}
+
+void FMTChooseDatePic(const FMTCntlBlock* block, const FMTRegion& region, DatePicChoice* choice) {
+    choice->form = block->DateForm;
+    choice->picture = nullptr;
+    choice->time[0] = 0;
+    if (block->Type != kTypeDate) {
+        if ((block->Flags & kFlagTimePicture) != 0) {
+            FMTBuildTimePic(block, region, choice->time);
+            choice->picture = choice->time;
+        } else if (block->Type == kTypeTime && choice->form == 0) {
+            choice->picture = EmptyForNull(block->LongDatePic);
+        } else if (block->Type == kTypeTime && choice->form == 1) {
+            choice->picture = EmptyForNull(block->ShortDatePic);
+        }
+    }
+    if (region.UsesProfile()) choice->form = (block->Flags & kFlagLongForm) != 0 ? 0 : region.DateForm();
+    if (block->Type == kTypeTime) return;
+    if (choice->form == 0) choice->picture = EmptyForNull(region.LongDatePic());
+    if (choice->form == 1) choice->picture = EmptyForNull(region.ShortDatePic());
+}
+
+const char* FMTDefaultDatePic(const FMTRegion& profile) {
+    return profile.DateForm() == 0 ? profile.LongDatePic() : profile.ShortDatePic();
+}
+
+int32_t MORVL_CALL FMTGetDefaultShortDatePic(char* buffer, int32_t length) {
+    CopyPicture(buffer, length, FMTRegion::OfProfile().ShortDatePic());
+    return 1;
+}
+
+int32_t MORVL_CALL FMTGetDefaultLongDatePic(char* buffer, int32_t length) {
+    CopyPicture(buffer, length, FMTRegion::OfProfile().LongDatePic());
+    return 1;
+}
+
+int32_t MORVL_CALL FMTGetDefaultDatePic(char* buffer, int32_t length) {
+    CopyPicture(buffer, length, FMTDefaultDatePic(FMTRegion::OfProfile()));
+    return 1;
+}
