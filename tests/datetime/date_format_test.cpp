@@ -328,7 +328,7 @@ TEST(MaxFormattedDTLen, BoundsByPicture) {
     } const cases[] = {
         {__LINE__, 1, "MMM d, yyyy", 0, 12},
         {__LINE__, 1, "MMM d, yyyy", 20, 20},
-        {__LINE__, 1, "dddd, MMMM dd, yyyy", 0, 28},
+        {__LINE__, 1, "dddd, MMMM dd, yyyy", 0, 29},
         {__LINE__, 1, "'Week' M/d/yy   h", 0, 18},
         {__LINE__, 1, "hh.mm.ss.mmmmmm AMPM", 0, 18},
         {__LINE__, 1, "T", 0, 11},
