@@ -26,7 +26,8 @@ typedef struct HostModule {
 } HostModule;
 
 // Notifies the module of process attach (reason 1) at once, of thread detach (3) at the end of each thread that has
-// used a thread-local index, and of process detach (0) from HostDetachModule. A module attaches once.
+// used a thread-local index, and of process detach (0) from HostDetachModule. Attaching a module that is attached, or
+// detaching one that isn't, does nothing.
 MORVL_HOST_API void HostAttachModule(HostModule* module);
 MORVL_HOST_API void HostDetachModule(HostModule* module);
 

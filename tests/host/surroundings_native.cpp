@@ -61,6 +61,7 @@ TEST(Modules, HearOfAttachThreadEndAndDetach) {
     HostAttachModule(&first);
     HostAttachModule(&silent);
     HostAttachModule(&second);
+    HostAttachModule(&first);  // there already
     EXPECT_EQ(heard, (std::vector<std::string>{"first 1 1", "second 2 1"}));
 
     heard.clear();

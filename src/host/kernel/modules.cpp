@@ -5,6 +5,10 @@
 
 namespace {
 
+constexpr DWORD kProcessDetach = 0;
+constexpr DWORD kProcessAttach = 1;
+constexpr DWORD kThreadDetach = 3;
+
 std::recursive_mutex& ModulesLock() {
     static std::recursive_mutex lock;
     return lock;
@@ -17,28 +21,33 @@ void Notify(HostModule* module, DWORD reason) {
     if (module->entry != nullptr) module->entry(module, reason, nullptr);
 }
 
+// The link that leads to a module, or the empty one at the end of the list.
+HostModule** LinkTo(const HostModule* module) {
+    HostModule** link = &firstModule;
+    while (*link != nullptr && *link != module) link = &(*link)->next;
+    return link;
+}
+
 }  // namespace
 
 void HostAttachModule(HostModule* module) {
     const std::lock_guard guard(ModulesLock());
+    if (*LinkTo(module) != nullptr) return;
     module->next = firstModule;
     firstModule = module;
-    Notify(module, 1);
+    Notify(module, kProcessAttach);
 }
 
 void HostDetachModule(HostModule* module) {
     const std::lock_guard guard(ModulesLock());
-    for (HostModule** link = &firstModule; *link != nullptr; link = &(*link)->next) {
-        if (*link != module) continue;
-        Notify(module, 0);
-        *link = module->next;
-        return;
-    }
+    if (*LinkTo(module) == nullptr) return;
+    Notify(module, kProcessDetach);
+    *LinkTo(module) = module->next;  // sought anew: the module may have attached or detached others
 }
 
 void HostNotifyThreadDetach() {
     const std::lock_guard guard(ModulesLock());
-    for (HostModule* module = firstModule; module != nullptr; module = module->next) Notify(module, 3);
+    for (HostModule* module = firstModule; module != nullptr; module = module->next) Notify(module, kThreadDetach);
 }
 
 void HostSetProgramStrings(const HostString* strings, size_t count) {

@@ -51,7 +51,7 @@ BOOL IsDBCSLeadByte(BYTE byte) {
 LPSTR CharNextA(LPCSTR text) {
     auto* at = const_cast<LPSTR>(text);
     if (*at == 0) return at;
-    return at + (IsDBCSLeadByte(static_cast<BYTE>(*at)) && at[1] != 0 ? 2 : 1);
+    return at + CharacterBytes(CurrentCodePage(), at, 2);
 }
 
 BOOL IsCharAlphaA(char character) {
