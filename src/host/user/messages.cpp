@@ -75,7 +75,7 @@ void AnswerSentMessages(HostThreadQueue& queue, std::unique_lock<std::mutex>& he
 }
 
 LRESULT SendToThread(HostThreadQueue& target, const MSG& message) {
-    const auto own = HostQueueOfThread();
+    const auto& own = HostQueueOfThread();
     SentMessage sent;
     sent.message = message;
     sent.sender = own;
@@ -130,7 +130,7 @@ LRESULT DefaultText(HostWindowData* window, UINT message, WPARAM wParam, LPARAM 
 
 }  // namespace
 
-std::shared_ptr<HostThreadQueue> HostQueueOfThread() {
+const std::shared_ptr<HostThreadQueue>& HostQueueOfThread() {
     static thread_local QueueOfThread own;
     return own.queue;
 }
@@ -160,21 +160,21 @@ BOOL PostMessageA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void PostQuitMessage(INT exitCode) {
-    const auto own = HostQueueOfThread();
+    const auto& own = HostQueueOfThread();
     const std::lock_guard guard(own->lock);
     own->quitPosted = true;
     own->exitCode = exitCode;
 }
 
 BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove) {
-    const auto own = HostQueueOfThread();
+    const auto& own = HostQueueOfThread();
     std::unique_lock held(own->lock);
     AnswerSentMessages(*own, held);
     return FindPosted(*own, message, window, first, last, (remove & PM_REMOVE) != 0) ? TRUE : FALSE;
 }
 
 BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last) {
-    const auto own = HostQueueOfThread();
+    const auto& own = HostQueueOfThread();
     std::unique_lock held(own->lock);
     for (;;) {
         AnswerSentMessages(*own, held);

@@ -48,7 +48,7 @@ HostWindowData* HostFindWindow(HWND handle);
 std::shared_ptr<const HostWindowClass> HostFindClass(const char* name);
 
 // The calling thread's message queue.
-std::shared_ptr<HostThreadQueue> HostQueueOfThread();
+const std::shared_ptr<HostThreadQueue>& HostQueueOfThread();
 
 // The data of a control of type T, made at its first use.
 template <typename T>
