@@ -17,7 +17,7 @@ EditField::EditField(const char* picture, uint32_t flags, const char* controlCla
 
     parent_ = CreateWindowExA(0, kParentClass, "", WS_OVERLAPPED, 0, 0, 200, 100, nullptr, nullptr, nullptr, nullptr);
     SetWindowLongPtrA(parent_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    edit_ = CreateWindowExA(0, controlClass, "", WS_CHILD, 0, 0, 190, 20, parent_,
+    edit_ = CreateWindowExA(0, controlClass, "", WS_CHILD | ES_AUTOHSCROLL, 0, 0, 190, 20, parent_,
                             reinterpret_cast<HMENU>(static_cast<intptr_t>(kEditId)), nullptr, nullptr);
     SetWindowLongPtrA(edit_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     control_ =

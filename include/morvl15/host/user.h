@@ -168,6 +168,7 @@ MORVL_HOST_API HANDLE GetClipboardData(UINT format);                // the clipb
 #define EM_SETREADONLY 0x00CFu
 #define EM_GETLIMITTEXT 0x00D5u
 
+#define ES_AUTOHSCROLL 0x0080u  // without it the platform takes no more text than it has width for; here it always does
 #define ES_READONLY 0x0800u
 
 #define EN_SETFOCUS 0x0100
