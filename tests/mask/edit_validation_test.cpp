@@ -166,7 +166,7 @@ TEST(EditKeys, WhatTheMaskDoesNotSee) {
         block.LParam = reinterpret_cast<LPARAM>("1");
         block.Result = 77;
         EXPECT_EQ(FMTValidateInput(&block), 0);
-        EXPECT_EQ(block.Result, 77);
+        EXPECT_EQ(LRESULT{block.Result}, 77);
     }
     EXPECT_EQ(field.Text(), "12-34");
     block.Picture = nullptr;
