@@ -86,6 +86,51 @@ MORVL_API int32_t MORVL_CALL FMTDatePicHasTime(const char* picture);
 // nothing written for a null buffer and a length below 1.
 MORVL_API int32_t MORVL_CALL FMTGetGeeLongDatePic(char* buffer, int32_t length, int32_t withTime);
 
+// ---- reading ----------------------------------------------------------------------------------------------------
+//
+// Text is compared with a picture element by element: numbers, words, separators. Any separator stands for any other,
+// blanks count nowhere, names of months and days may be abbreviated or full in any case, whatever the picture has.
+// docs/date-pictures.md tells pictures and texts in full.
+//
+// Each entry takes a format control block, never null, and reads from it besides what is told there:
+//   UseProfile  non-zero takes pictures, separator, clock, AM and PM texts, country and era check from the settings,
+//   and
+//               needs Flags bit 0; 0 takes them from the block's own fields, where a null text counts as empty
+//   Flags       bit 0: the default time picture is in force; bit 2: it carries microseconds
+// On success the block's Month, Day, Year, Hour, Minute, Second and Microsecond hold the value; what the picture has no
+// field for is 1 January 1900, 0:00:00. Three bits of Flags tell of the match: bit 7 a day, month or year took a value,
+// bit 11 a part of the time did, bit 12 the hour came through "h" or "hhh". A date always exists (29 February in leap
+// years only), and a day name in the text is that of the date. Two-digit years go to the century that brings them
+// within fifty years of the clock's half century; four digits are taken as they are, 0099 too.
+// On failure the block stays as it was, but for a Japanese date with something unreadable behind it: that date is
+// stored. Safe from several threads on different blocks.
+
+// FMTValidateDateTime: reads Input in whatever form it has. In this order: by the short picture, by the long picture
+// (for a date and time with the default time picture behind them), in free form ("Jan 2, 2003", "2-Jan-03",
+// "2003-01-02", under a Country of 1 "1/2/2003", "12:30", "12:30 PM"), for a date and time by the two pictures with a
+// 24-hour time, and on a double-byte system as a Japanese date. A time is read by the default time picture, or without
+// Flags bit 0 by the block's ShortDatePic, then in free form unless Flags bit 1 is set.
+//   block   Type 1 date, 2 time, 3 date and time; Input; ShortDatePic, LongDatePic, TimeIs24Hour, TimeSep, AMString,
+//           PMString, Country, EmpDateBoundryCheck; words such as "S" are no pictures here
+// Result: 1, or 0 for any other text, an empty or null one, and any other Type.
+MORVL_API int32_t MORVL_CALL FMTValidateDateTime(FMTCntlBlock* block);
+
+// FMTIsValidDateString: tests Input against Picture, which must be the free-form picture for the shape of the text, and
+// reads it.
+//   block   Type as above; Input; Picture; Country
+// Result: 1 valid; 2 the text has no known shape; 4 its shape asks for another picture, or the value is bad; 0 for bad
+// arguments: Input or Picture null or empty, any other Type, UseProfile without Flags bit 0.
+MORVL_API int32_t MORVL_CALL FMTIsValidDateString(FMTCntlBlock* block);
+
+// FMTUnformatDateTimeStr: reads Input by Picture alone. Type plays no part: the picture's fields tell whether it is a
+// date, a time or both; a picture that starts with a time field is a time.
+//   block   Input; Picture: a picture, or a word: empty the default date picture, "S" the default short and "L" the
+//           default long one, "T" the default time picture without microseconds (clears Flags bit 2), "ED" a Japanese
+//           date with its era, "E" the same with a time behind it or none
+// Result: 1, or 0 for a text that doesn't fit, a picture that is none or has no field, Input null or empty, Picture
+// null, UseProfile without Flags bit 0.
+MORVL_API int32_t MORVL_CALL FMTUnformatDateTimeStr(FMTCntlBlock* block);
+
 MORVL_END_C
 
 #endif

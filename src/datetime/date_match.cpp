@@ -1,0 +1,269 @@
+#include "date_match.h"
+
+#include <cstring>
+
+#include <morvl15/host.h>
+#include <morvl15/intl.h>
+
+#include "calendar.h"
+#include "date_block.h"
+
+namespace {
+
+enum Field : uint8_t { kMonth, kDay, kYear, kHour, kMinute, kSecond, kMicrosecond, kFields };
+
+// What a match has met so far.
+enum Seen : uint8_t {
+    kDateSeen = 1,
+    kTimeSeen = 2,
+    k12HourSeen = 4,
+    k24HourSeen = 8,
+    kUnpaddedHour = 16,
+};
+
+// What a field of the picture does when the text has something else than a number there.
+enum class Need : uint8_t {
+    kNone,       // the field isn't a plain number
+    kNumber,     // the match fails
+    kOptional,   // a text that has ended passes
+    kSkippable,  // ... and so does anything else before a 24-hour field: the picture's field is passed over
+};
+
+struct NumberField {
+    Field field;
+    Need need;
+    uint8_t seen;
+    uint32_t least;
+    uint32_t most;
+};
+
+// clang-format off
+constexpr NumberField kNumberFields[] = {
+    // field       need              seen                                       least  most
+    {kDay,         Need::kNumber,    kDateSeen,                                 1,     31},      // d
+    {kDay,         Need::kNumber,    kDateSeen,                                 1,     31},      // dd
+    {},                                                                                          // ddd
+    {},                                                                                          // dddd
+    {kMonth,       Need::kNumber,    kDateSeen,                                 1,     12},      // M
+    {kMonth,       Need::kNumber,    kDateSeen,                                 1,     12},      // MM
+    {},                                                                                          // MMM
+    {},                                                                                          // MMMM
+    {},                                                                                          // yy
+    {},                                                                                          // yyyy
+    {kHour,        Need::kOptional,  kTimeSeen | k12HourSeen,                   0,     12},      // hh
+    {kHour,        Need::kOptional,  kTimeSeen | k24HourSeen,                   0,     24},      // hhhh
+    {kMinute,      Need::kSkippable, kTimeSeen,                                 0,     59},      // mm
+    {kSecond,      Need::kSkippable, kTimeSeen,                                 0,     59},      // ss
+    {kMicrosecond, Need::kSkippable, kTimeSeen,                                 0,     999999},  // mmmmmm
+    {},                                                                                          // AMPM
+    {kHour,        Need::kOptional,  kTimeSeen | k12HourSeen | kUnpaddedHour,   0,     12},      // h
+    {kHour,        Need::kOptional,  kTimeSeen | k24HourSeen | kUnpaddedHour,   0,     24},      // hhh
+};
+// clang-format on
+static_assert(sizeof kNumberFields / sizeof kNumberFields[0] == DPE_HOUR24 - DPE_DAY + 1);
+
+constexpr uint32_t kLastYear = 9999;
+constexpr uint32_t kFullYears = 100;  // smaller years are two digits of one
+
+class DateMatch {
+  public:
+    DateMatch(DatePicElement* value, DatePicElement* picture, const FMTRegion& region, int32_t type)
+        : value_(value), picture_(picture), region_(region), type_(type) {}
+
+    bool Run();
+    void Store(FMTCntlBlock* block) const;
+
+  private:
+    // What becomes of an element of the picture. Each takes up one element of the text too, but for kPassedOver.
+    enum class Step : uint8_t { kFails, kTaken, kPassedOver };
+
+    Step MatchElement();
+    Step MatchText();
+    Step MatchSeparator();
+    Step MatchWeekday();
+    Step MatchMonthName();
+    Step MatchYear2();
+    Step MatchYear4();
+    Step MatchAmPm();
+    Step MatchNumber(const NumberField& rule);
+
+    bool ValueIs(int32_t type) const { return value_ != nullptr && value_->ElementType == type; }
+    bool HasSeen(Seen what) const { return (seen_ & what) != 0; }
+    Step Take(Field field, uint32_t number, int seen);
+
+    DatePicElement* value_;    // null behind the end
+    DatePicElement* picture_;  // null behind the end
+    const FMTRegion& region_;
+    int32_t type_;
+    int32_t fields_[kFields] = {1, 1, 1900, 0, 0, 0, 0};
+    char dayName_[16] = {};
+    int seen_ = 0;
+};
+
+// Blanks, and texts of nothing else.
+bool IsFiller(const DatePicElement* element) {
+    if (element->ElementType == DPE_SPACE) return true;
+    return element->ElementType == DPE_TEXT && *IntlStripStartSpace(element->Value.Text) == 0;
+}
+
+// Steps a cursor over filler.
+DatePicElement* SkipFiller(DatePicElement* element) {
+    while (element != nullptr && IsFiller(element)) element = element->Next;
+    return element;
+}
+
+bool DateMatch::Run() {
+    for (;;) {
+        picture_ = SkipFiller(picture_);
+        value_ = SkipFiller(value_);
+        if (picture_ == nullptr) break;
+        const Step step = MatchElement();
+        if (step == Step::kFails) return false;
+        if (step == Step::kTaken && value_ != nullptr) value_ = value_->Next;
+        picture_ = picture_->Next;
+    }
+    if (value_ != nullptr) return false;
+    return type_ == kTypeTime || FMTIsValidDate(fields_[kMonth], fields_[kDay], fields_[kYear], dayName_) != 0;
+}
+
+DateMatch::Step DateMatch::MatchElement() {
+    switch (picture_->ElementType) {
+        case DPE_NUMBER: return Step::kTaken;  // pictures have none, but by a switch of the scanner's state
+        case DPE_TEXT: return MatchText();
+        case DPE_SEPARATOR: return MatchSeparator();
+        case DPE_WEEKDAY3:
+        case DPE_WEEKDAY: return MatchWeekday();
+        case DPE_MONTH3:
+        case DPE_MONTHNAME: return MatchMonthName();
+        case DPE_YEAR2: return MatchYear2();
+        case DPE_YEAR4: return MatchYear4();
+        case DPE_AMPM: return MatchAmPm();
+        default: return MatchNumber(kNumberFields[picture_->ElementType - DPE_DAY]);
+    }
+}
+
+DateMatch::Step DateMatch::MatchText() {
+    if (!ValueIs(DPE_TEXT)) return Step::kFails;
+    const char* wanted = IntlStrStripSpace(picture_->Value.Text);
+    const char* given = IntlStrStripSpace(value_->Value.Text);
+    return lstrcmpiA(wanted, given) == 0 ? Step::kTaken : Step::kFails;
+}
+
+// Any separator stands for any other. Where the text has none it may be left out, but not in a time on the 24-hour
+// clock: "13 30" is no time.
+DateMatch::Step DateMatch::MatchSeparator() {
+    if (value_ == nullptr || ValueIs(DPE_SEPARATOR)) return Step::kTaken;
+    return type_ != kTypeDate && HasSeen(k24HourSeen) ? Step::kFails : Step::kPassedOver;
+}
+
+DateMatch::Step DateMatch::MatchWeekday() {
+    if (!ValueIs(DPE_TEXT) || FMTFindDayName(value_->Value.Text) == 0) return Step::kFails;
+    lstrcpynA(dayName_, value_->Value.Text, sizeof dayName_);
+    return Step::kTaken;
+}
+
+// A month's name, or a name to which the picture's next text is glued: "4 Janta" under "d MMM'ta'".
+DateMatch::Step DateMatch::MatchMonthName() {
+    if (!ValueIs(DPE_TEXT)) return Step::kFails;
+    int32_t month = FMTFindMonthName(value_->Value.Text);
+    if (month == 0) {
+        DatePicElement* glued = picture_->Next;
+        if (glued == nullptr || glued->ElementType != DPE_TEXT) return Step::kFails;
+        month = FMTFindMonthWithSuffix(value_->Value.Text, glued->Value.Text);
+        if (month == 0) return Step::kFails;
+        picture_ = glued;
+    }
+    return Take(kMonth, static_cast<uint32_t>(month), kDateSeen);
+}
+
+uint32_t WithCentury(uint32_t year) {
+    return year + static_cast<uint32_t>(FMTCenturyFor(static_cast<int32_t>(year)));
+}
+
+DateMatch::Step DateMatch::MatchYear2() {
+    if (!ValueIs(DPE_NUMBER)) return Step::kFails;
+    const uint32_t year = value_->Value.Number;
+    if (year > kLastYear) return Step::kFails;
+    return Take(kYear, year < kFullYears ? WithCentury(year) : year, kDateSeen);
+}
+
+DateMatch::Step DateMatch::MatchYear4() {
+    if (!ValueIs(DPE_NUMBER)) return Step::kFails;
+    const bool isWrittenOut = (value_->Value.Number & kFullYearMark) == kFullYearMark;
+    if (isWrittenOut) value_->Value.Number &= ~kFullYearMark;  // a later match of the list sees a plain number
+    const uint32_t year = value_->Value.Number;
+    if (year > kLastYear) return Step::kFails;
+    return Take(kYear, year < kFullYears && !isWrittenOut ? WithCentury(year) : year, kDateSeen);
+}
+
+// On the 12-hour clock the text can't leave it out.
+DateMatch::Step DateMatch::MatchAmPm() {
+    if (value_ == nullptr) return HasSeen(k12HourSeen) ? Step::kFails : Step::kTaken;
+    if (!ValueIs(DPE_TEXT)) return Step::kFails;
+    int32_t& hour = fields_[kHour];
+    const bool isHour = hour >= 1 && hour <= 12;
+    if (lstrcmpiA(value_->Value.Text, region_.AMString()) == 0) {
+        if (hour == 12) hour = 0;
+    } else if (lstrcmpiA(value_->Value.Text, region_.PMString()) == 0) {
+        if (hour != 12) hour += 12;
+    } else {
+        return Step::kFails;
+    }
+    return isHour ? Step::kTaken : Step::kFails;
+}
+
+DateMatch::Step DateMatch::MatchNumber(const NumberField& rule) {
+    if (value_ == nullptr) return rule.need == Need::kNumber ? Step::kFails : Step::kTaken;
+    if (!ValueIs(DPE_NUMBER)) {
+        return rule.need == Need::kSkippable && !HasSeen(k24HourSeen) ? Step::kPassedOver : Step::kFails;
+    }
+    const uint32_t number = value_->Value.Number;
+    if (number < rule.least || number > rule.most) return Step::kFails;
+    return Take(rule.field, number, rule.seen);
+}
+
+DateMatch::Step DateMatch::Take(Field field, uint32_t number, int seen) {
+    fields_[field] = static_cast<int32_t>(number);
+    seen_ |= seen;
+    return Step::kTaken;
+}
+
+void DateMatch::Store(FMTCntlBlock* block) const {
+    block->Month = fields_[kMonth];
+    block->Day = fields_[kDay];
+    block->Year = fields_[kYear];
+    block->Hour = fields_[kHour];
+    block->Minute = fields_[kMinute];
+    block->Second = fields_[kSecond];
+    block->Microsecond = fields_[kMicrosecond];
+    SetFlag(block, kFlagDateSeen, HasSeen(kDateSeen));
+    SetFlag(block, kFlagTimeSeen, HasSeen(kTimeSeen));
+    SetFlag(block, kFlagUnpaddedHour, HasSeen(kUnpaddedHour));
+}
+
+}  // namespace
+
+int32_t FMTMatchDatePic(DatePicElement* valueList, DatePicElement* pictureList, FMTCntlBlock* block,
+                        const FMTRegion& region) {
+    if (valueList == nullptr || pictureList == nullptr) return 0;
+    DateMatch match(valueList, pictureList, region, block->Type);
+    if (!match.Run()) return 0;
+    match.Store(block);
+    return 1;
+}
+
+int32_t FMTFindMonthWithSuffix(const char* word, const char* suffix) {
+    const size_t wordLength = std::strlen(word);
+    const size_t suffixLength = std::strlen(suffix);
+    if (wordLength <= suffixLength) return 0;
+    const size_t nameLength = wordLength - suffixLength;
+    char name[DateScanner::kMaxTokenLength + 1];  // no word of a list is longer than a token
+    if (nameLength >= sizeof name) return 0;
+    size_t walked = 0;
+    while (walked < nameLength) walked += static_cast<size_t>(IntlBytesInNextChar(word + walked));
+    if (walked != nameLength || lstrcmpA(word + nameLength, suffix) != 0) return 0;
+
+    std::memcpy(name, word, nameLength);
+    name[nameLength] = 0;
+    return FMTFindMonthName(name);
+}

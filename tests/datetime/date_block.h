@@ -1,0 +1,17 @@
+// Control blocks of date operations, for tests.
+#pragma once
+
+#include <string>
+
+#include <morvl15/datetime.h>
+
+// A block as a caller sets it up for private use, with English texts and a region of the tests' own.
+FMTCntlBlock DateBlock(int32_t type, const char* input);
+
+// The block's date and time and what the last match found: "2003-01-02 12:30:15.000120 DT". A time of 0:00:00 and a
+// fraction of 0 are left out; "D" a date was seen, "T" a time, "U" the hour was unpadded.
+std::string DescribeValue(const FMTCntlBlock& block);
+
+// The same for an operation with the result 1; the result for any other, and "touched" where a block changed in spite
+// of that.
+std::string ReadValue(int32_t(MORVL_CALL* operation)(FMTCntlBlock*), FMTCntlBlock block);
