@@ -45,6 +45,10 @@ inline int32_t FMTEnsureNames() {
 int32_t FMTFindMonthName(const char* text);
 int32_t FMTFindDayName(const char* text);
 
+// The binary searches, by the host's comparison, that define the two.
+int32_t FMTFindMonthNameByDefinition(const char* text);
+int32_t FMTFindDayNameByDefinition(const char* text);
+
 // The name as a text of the library's. Empty for a number out of range and when the names can't be loaded.
 const char* FMTMonthAbbrev(int32_t month);
 const char* FMTMonthFull(int32_t month);

@@ -35,7 +35,9 @@ int64_t DayNumber(int64_t month, int64_t day, int64_t year) {
            + day + 1721029;
 }
 
+// A name that is found for the day is one of its names; one that isn't may still be, if two days share it.
 bool IsNameOfDay(const char* name, int32_t code) {
+    if (FMTFindDayName(name) == code) return true;
     return lstrcmpiA(name, FMTDayAbbrev(code)) == 0 || lstrcmpiA(name, FMTDayFull(code)) == 0;
 }
 

@@ -11,6 +11,7 @@
 #include "../frame/instance.h"
 #include "../frame/section.h"
 #include "calendar.h"
+#include "name_index.h"
 
 std::atomic<bool> gFMTNamesLoaded{false};
 
@@ -33,6 +34,10 @@ char gFMTDayFull[kDays][kNameSize];
 char gFMTMonthAbbrev[kMonths][kNameSize];
 char gFMTMonthFull[kMonths][kNameSize];
 FMTProfileWords gFMTProfileWords;
+
+// The lookup tables once more, for names that are plain letters.
+NameIndex<2 * kDays> dayNameIndex;
+NameIndex<2 * kMonths> monthNameIndex;
 
 // Length of the longest full name, -1 until it is asked for.
 std::atomic<int32_t> gFMTMaxMonthNameLen{-1};
@@ -104,8 +109,13 @@ void SortNames(NameRow* rows, int32_t count) {
     }
 }
 
-int32_t FindName(const NameRow* rows, int32_t count, const char* text) {
-    if (text == nullptr || FMTEnsureNames() == 0) return 0;
+template <int32_t kNames>
+void IndexNames(const NameRow (&rows)[kNames], NameIndex<kNames>* index) {
+    index->Clear();
+    for (const NameRow& row : rows) index->Add(row.Name, row.Value);
+}
+
+int32_t SearchName(const NameRow* rows, int32_t count, const char* text) {
     int32_t low = 0;
     int32_t high = count - 1;
     while (low <= high) {
@@ -119,6 +129,13 @@ int32_t FindName(const NameRow* rows, int32_t count, const char* text) {
         }
     }
     return 0;
+}
+
+template <int32_t kNames>
+int32_t FindName(const NameRow (&rows)[kNames], const NameIndex<kNames>& index, const char* text) {
+    if (text == nullptr || FMTEnsureNames() == 0) return 0;
+    int32_t value = 0;
+    return index.Find(text, &value) ? value : SearchName(rows, kNames, text);
 }
 
 template <int32_t kCount>
@@ -147,17 +164,27 @@ int32_t FMTLoadNames() {
     if (!LoadDayNames() || !LoadMonthNames()) return 0;
     SortNames(gFMTDayNameTable, 2 * kDays);
     SortNames(gFMTMonthNameTable, 2 * kMonths);
+    IndexNames(gFMTDayNameTable, &dayNameIndex);
+    IndexNames(gFMTMonthNameTable, &monthNameIndex);
     if (!LoadProfileWords()) return 0;
     gFMTNamesLoaded.store(true, std::memory_order_release);
     return 1;
 }
 
 int32_t FMTFindMonthName(const char* text) {
-    return FindName(gFMTMonthNameTable, 2 * kMonths, text);
+    return FindName(gFMTMonthNameTable, monthNameIndex, text);
 }
 
 int32_t FMTFindDayName(const char* text) {
-    return FindName(gFMTDayNameTable, 2 * kDays, text);
+    return FindName(gFMTDayNameTable, dayNameIndex, text);
+}
+
+int32_t FMTFindMonthNameByDefinition(const char* text) {
+    return FMTEnsureNames() != 0 ? SearchName(gFMTMonthNameTable, 2 * kMonths, text) : 0;
+}
+
+int32_t FMTFindDayNameByDefinition(const char* text) {
+    return FMTEnsureNames() != 0 ? SearchName(gFMTDayNameTable, 2 * kDays, text) : 0;
 }
 
 const char* FMTMonthAbbrev(int32_t month) {

@@ -31,9 +31,8 @@ constexpr Column kFields[kColumns] = {
 
 // Length of the text as far as it matters.
 size_t BoundedLength(const char* text) {
-    size_t length = 0;
-    while (length < kLongestText && text[length] != 0) ++length;
-    return length;
+    const void* end = std::memchr(text, 0, kLongestText);
+    return end == nullptr ? kLongestText : static_cast<size_t>(static_cast<const char*>(end) - text);
 }
 
 // A plain decimal number: white space and a sign pass, the first byte that is no digit ends it.

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <random>
 #include <string>
 
 #include "datetime/calendar.h"
@@ -57,6 +58,30 @@ TEST(CalendarNames, WhatIsNoName) {
         EXPECT_STREQ(FMTDayFull(number), "");
     }
     EXPECT_STREQ(FMTDayFull(8), "");
+}
+
+// Names with a byte changed, dropped or put in, and mixtures of names: found as the binary search finds them.
+TEST(CalendarNames, FoundAsByDefinition) {
+    std::mt19937 random(20030102);
+    int32_t found = 0;
+    for (int32_t round = 0; round < 20000; ++round) {
+        const std::string full = random() % 2 == 0 ? kMonths[random() % 12] : kDays[random() % 7];
+        std::string text = random() % 2 == 0 ? full : full.substr(0, 3);
+        const size_t at = random() % text.size();
+        switch (random() % 6) {
+            case 0: text[at] = static_cast<char>(random()); break;
+            case 1: text.erase(at, 1); break;
+            case 2: text.insert(at, 1, static_cast<char>(random())); break;
+            case 3: text.insert(at, kMonths[random() % 12]); break;
+            default: text[at] = static_cast<char>(text[at] ^ 0x20); break;
+        }
+        const int32_t month = FMTFindMonthName(text.c_str());
+        const int32_t day = FMTFindDayName(text.c_str());
+        ASSERT_EQ(month, FMTFindMonthNameByDefinition(text.c_str())) << text;
+        ASSERT_EQ(day, FMTFindDayNameByDefinition(text.c_str())) << text;
+        if (month + day != 0) ++found;
+    }
+    EXPECT_GT(found, 5000);
 }
 
 TEST(CalendarNames, LongestNames) {
