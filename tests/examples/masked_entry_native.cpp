@@ -119,7 +119,7 @@ class MaskedEntry : public testing::Test {
 };
 
 TEST_F(MaskedEntry, KeepsTheFieldsInShape) {
-    EXPECT_EQ(screen_.Row(3).substr(0, 12), "> Telephone");
+    EXPECT_EQ(screen_.Row(3).substr(0, 11), "> Telephone");
     Type("5551");
     EXPECT_EQ(screen_.Row(3).substr(0, 22), "> Telephone    (555) 1");
     EXPECT_EQ(screen_.Row(8), "unmasked: \"5551\"");

@@ -13,7 +13,7 @@ struct Outcome {
     std::string text;  // output and messages
 };
 
-Outcome Run(const std::string& arguments) {
+Outcome RunStatement(const std::string& arguments) {
     Outcome outcome{-1, ""};
     const std::string command = std::string(STATEMENT_PROGRAM) + " " + arguments + " 2>&1";
     FILE* program = popen(command.c_str(), "r");
@@ -39,7 +39,7 @@ class Ledger {
 };
 
 TEST(Statement, ShowsItsLedgerInThreeConventions) {
-    const Outcome outcome = Run(std::string(STATEMENT_FOLDER) + "/ledger.csv");
+    const Outcome outcome = RunStatement(std::string(STATEMENT_FOLDER) + "/ledger.csv");
     EXPECT_EQ(outcome.status, 0) << outcome.text;
     for (const char* wanted : {
              "$3,999.95",
@@ -75,7 +75,7 @@ TEST(Statement, TellsWhichLinesCannotBeRead) {
         "1/2/2003;good;$5.00\n"
         "1/3/2003;twice grouped;$1,23\n"
         "2/30/2003;no such day;$1.00\n");
-    const Outcome outcome = Run(ledger.Path());
+    const Outcome outcome = RunStatement(ledger.Path());
     EXPECT_EQ(outcome.status, 1);
     EXPECT_NE(outcome.text.find("line 3: no US amount: \"$1,23\""), std::string::npos) << outcome.text;
     EXPECT_NE(outcome.text.find("line 4: no US date: \"2/30/2003\""), std::string::npos) << outcome.text;
@@ -83,9 +83,9 @@ TEST(Statement, TellsWhichLinesCannotBeRead) {
 }
 
 TEST(Statement, FailsOnWhatIsNoLedger) {
-    EXPECT_EQ(Run("/nowhere/ledger.csv").status, 2);
-    EXPECT_EQ(Run("--convention Martian").status, 2);
-    EXPECT_EQ(Run("</dev/null").status, 0);
+    EXPECT_EQ(RunStatement("/nowhere/ledger.csv").status, 2);
+    EXPECT_EQ(RunStatement("--convention Martian").status, 2);
+    EXPECT_EQ(RunStatement("</dev/null").status, 0);
 }
 
 }  // namespace
