@@ -13,6 +13,31 @@ void CapitaliseByte(char* at) {
     *at = static_cast<char>(IntlFoldByte(*at, IntlFold::kUpper));
 }
 
+// Double-byte characters outside these ranges have no case: kana, hangul, hanzi, most signs. Asking the host about one
+// is a long way to learn that it stays as it is.
+struct CasedRange {
+    int32_t codePageClass;
+    uint16_t first;
+    uint16_t last;
+};
+constexpr CasedRange kCasedRanges[] = {
+    {kClassJapanese, 0x81F0, 0x81F0},  // the angstrom sign
+    {kClassJapanese, 0x8260, 0x829A},  // Latin
+    {kClassJapanese, 0x839F, 0x83D6},  // Greek
+    {kClassJapanese, 0x8440, 0x8491},  // Cyrillic
+    {kClassJapanese, 0x8754, 0x875D},  // Roman numbers: capital, small, and small again
+    {kClassJapanese, 0xEEEF, 0xEEF8}, {kClassJapanese, 0xFA40, 0xFA53},
+    {kClassChinese, 0xA140, 0xA9FF},  // the rows of letters and signs
+    {kClassKorean, 0xA141, 0xACFF},
+};
+
+bool MayHaveCase(uint16_t code) {
+    for (const CasedRange& range : kCasedRanges) {
+        if (range.codePageClass == gIntlCodePageClass && code >= range.first && code <= range.last) return true;
+    }
+    return false;
+}
+
 // A full-width character is capitalised by way of its half-width form: kana and signs may come back as another
 // full-width character of the same half-width form. One without such a form, or with a voice mark, stays.
 void CapitaliseFullWidth(char* at) {
@@ -47,6 +72,8 @@ int32_t ProperOf(char* destination, const char* source) {
 
 uint16_t IntlFoldChar(const char* text, IntlFold direction) {
     if (IntlCharWidth(text) != 2) return IntlFoldByte(*text, direction);
+    const uint16_t code = IntlPairCode(text[0], text[1]);
+    if (!MayHaveCase(code)) return code;
     char character[3] = {text[0], text[1], '\0'};
     direction == IntlFold::kUpper ? IntlStrUpper(character) : IntlStrLower(character);
     return IntlCharCode(character);

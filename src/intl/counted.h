@@ -32,8 +32,9 @@ int32_t IntlRightOf(char* destination, const char* source, int32_t count) {
 
 template <class Text>
 int32_t IntlMidOf(char* destination, const char* source, int32_t start, int32_t count) {
-    source += Text::WalkChars(source, IntlClampCount(start)).bytes;
-    return IntlLeftOf<Text>(destination, source, count);
+    const IntlRange mid = Text::FindRange(source, IntlClampCount(start), IntlClampCount(count));
+    IntlCopyStretch(destination, source + mid.at, mid.stretch.bytes);
+    return IntlClampLength(mid.stretch.chars);
 }
 
 // Reads the source after the insertion is written: the destination must be another buffer.

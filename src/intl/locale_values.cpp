@@ -1,5 +1,7 @@
 #include "locale_values.h"
 
+#include <algorithm>
+#include <cstring>
 #include <iterator>
 
 #include <morvl15/host.h>
@@ -13,6 +15,7 @@ uint16_t gIntlPrimaryLang = 0;
 uint8_t gIntlLeadBytes[256];
 uint8_t gIntlUpper[256];
 uint8_t gIntlLower[256];
+IntlLeadInterval gIntlLeadInterval;
 uint16_t gIntlBlank = 0;
 
 namespace {
@@ -72,6 +75,29 @@ void ReadCodePage() {
 
 }  // namespace
 
+IntlLeadInterval IntlFindLeadInterval(const uint8_t (&leadBytes)[256]) {
+    IntlLeadInterval interval = {};
+    for (const int32_t flip : {0x00, 0x20}) {
+        int32_t first = 0xFF;
+        int32_t last = 0;
+        int32_t count = 0;
+        for (int32_t byte = 0; byte < 256; ++byte) {
+            if (leadBytes[byte] == 0) continue;
+            first = std::min(first, byte ^ flip);
+            last = std::max(last, byte ^ flip);
+            ++count;
+        }
+        if (count == 0 || last - first + 1 != count) continue;
+        // The last one moves to the highest signed byte, so that all above a limit belong to the interval.
+        std::memset(interval.flip, flip, sizeof interval.flip);
+        std::memset(interval.shift, 0x7F - last, sizeof interval.shift);
+        std::memset(interval.below, 0x7F - count, sizeof interval.below);
+        interval.isKnown = true;
+        break;
+    }
+    return interval;
+}
+
 // The system language alone decides about double-byte text, and such a system never writes from right to left; where
 // text is single-byte, the user's language counts for the direction too.
 void MORVL_CALL IntlInit() {
@@ -85,6 +111,7 @@ void MORVL_CALL IntlInit() {
     gIntlBlank = doubleByte != nullptr ? doubleByte->blank : 0;
     gIntlBiDi = doubleByte == nullptr && (IsRightToLeft(gIntlPrimaryLang) || IsRightToLeft(userLanguage));
     ReadCodePage();
+    gIntlLeadInterval = IntlFindLeadInterval(gIntlLeadBytes);
 }
 
 int32_t MORVL_CALL IntlDBCSEnabled() {

@@ -20,5 +20,19 @@ extern uint8_t gIntlLeadBytes[256];  // 1 for a byte that can start a double-byt
 extern uint8_t gIntlUpper[256];      // a single-byte character in upper case; lead bytes stay as they are
 extern uint8_t gIntlLower[256];      // ... in lower case
 
+// The lead bytes as one interval, for walks over blocks of bytes: byte b is one exactly when, as signed bytes,
+// (b xor flip) + shift > below. Each value fills a block. Two ranges that differ in one bit are one interval by the
+// flip, as those of Shift-JIS are; where that isn't enough, isKnown is false.
+struct IntlLeadInterval {
+    alignas(16) char flip[16];
+    alignas(16) char shift[16];
+    alignas(16) char below[16];
+    bool isKnown;
+};
+extern IntlLeadInterval gIntlLeadInterval;
+
+// Makes the interval of a table of lead bytes.
+IntlLeadInterval IntlFindLeadInterval(const uint8_t (&leadBytes)[256]);
+
 // The code of the double-byte blank, 0 where there is none.
 extern uint16_t gIntlBlank;

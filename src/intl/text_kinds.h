@@ -23,6 +23,10 @@ struct SingleByteText {
         const size_t bytes = end != nullptr ? static_cast<size_t>(end - text) : maxChars;
         return {bytes, bytes};
     }
+    static IntlRange FindRange(const char* text, size_t start, size_t maxChars) {
+        const size_t at = WalkChars(text, start).bytes;
+        return {at, WalkChars(text + at, maxChars)};
+    }
     static const char* FindAny(const char* text, const ByteSet& set) { return walk::FindByte(text, set); }
     static const char* FindEither(const char* text, uint16_t first, uint16_t second) {
         const char set[] = {static_cast<char>(first), static_cast<char>(second)};
@@ -39,6 +43,9 @@ struct DoubleByteText {
     static bool IsDoubleByteBlank(const char* at) { return IntlCharCode(at) == gIntlBlank; }
 
     static IntlStretch WalkChars(const char* text, size_t maxChars) { return walk::WalkChars(text, maxChars); }
+    static IntlRange FindRange(const char* text, size_t start, size_t maxChars) {
+        return walk::FindRange(text, start, maxChars);
+    }
     static const char* FindAny(const char* text, const ByteSet& set) { return walk::FindAny(text, set); }
     static const char* FindEither(const char* text, uint16_t first, uint16_t second) {
         return walk::FindEither(text, first, second);

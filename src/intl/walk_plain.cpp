@@ -14,6 +14,11 @@ IntlStretch WalkChars(const char* text, size_t maxChars) {
     return {static_cast<size_t>(at - text), chars};
 }
 
+IntlRange FindRange(const char* text, size_t start, size_t maxChars) {
+    const size_t at = WalkChars(text, start).bytes;
+    return {at, WalkChars(text + at, maxChars)};
+}
+
 size_t CountChars(const char* text, size_t bytes) {
     size_t chars = 0;
     for (const char* at = text; at < text + bytes; at = IntlNextChar(at)) ++chars;

@@ -1,9 +1,6 @@
 // Japanese width conversion.
 #include "width.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include <morvl15/intl.h>
 
 #include "characters.h"
@@ -11,25 +8,6 @@
 #include "width_tables.h"
 
 namespace {
-
-bool IsLatin(uint32_t byte) {
-    return byte >= kFirstLatin && byte <= kLastLatin;
-}
-
-bool IsKana(uint32_t byte) {
-    return byte >= kFirstKana && byte <= kLastKana;
-}
-
-// The full-width code of a kana with the mark that follows it; 0 where the mark doesn't go with the kana.
-uint16_t MarkedKanaToFull(uint32_t base, uint32_t mark) {
-    if (mark == kSemiVoicedMark && base >= kFirstSemiVoiced && base <= kLastSemiVoiced) {
-        return kSemiVoicedToFull[base - kFirstSemiVoiced];
-    }
-    if (mark != kVoicedMark) return 0;
-    const auto* row = std::lower_bound(std::begin(kVoicedKana), std::end(kVoicedKana), base,
-                                       [](const VoicedKana& kana, uint32_t wanted) { return kana.base < wanted; });
-    return row != std::end(kVoicedKana) && row->base == base ? row->full : 0;
-}
 
 char* Put(char* out, uint16_t code) {
     *out++ = static_cast<char>(code >> 8);
@@ -64,24 +42,27 @@ int32_t MORVL_CALL IntlStrJapanFull(char* destination, const char* source) {
     if (destination == nullptr || source == nullptr) return -1;
     if (gIntlDBCS == 0) return CopyAll(destination, source);
     char* out = destination;
-    for (const char* at = source; *at != '\0'; at += IntlCharWidth(at)) {
-        const uint32_t byte = static_cast<uint8_t>(*at);
-        if (IntlCharWidth(at) == 2) {
-            out = Put(out, IntlCharCode(at));
+    while (*source != '\0') {
+        const uint32_t byte = static_cast<uint8_t>(*source);
+        size_t used = IntlCharWidth(source);
+        if (used == 2) {
+            out = Put(out, IntlCharCode(source));
         } else if (IsKana(byte)) {
-            const uint16_t marked = MarkedKanaToFull(byte, static_cast<uint8_t>(at[1]));
+            const uint16_t marked = MarkedKanaToFull(byte, static_cast<uint8_t>(source[1]));
             out = Put(out, marked != 0 ? marked : kKanaToFull[byte - kFirstKana]);
-            if (marked != 0) ++at;
+            if (marked != 0) used = 2;
         } else if (IsLatin(byte)) {
             out = Put(out, kLatinToFull[byte - kFirstLatin]);
         } else {
-            *out++ = *at;
+            *out++ = *source;
         }
+        source += used;
     }
     *out = '\0';
     return IntlClampLength(IntlCharCount(destination));
 }
 
+// The result is counted anew: in a code page other than the Japanese one, half-width bytes may lead characters.
 int32_t MORVL_CALL IntlStrJapanHalf(char* destination, const char* source) {
     if (destination == nullptr || source == nullptr) return -1;
     if (gIntlDBCS == 0) return CopyAll(destination, source);

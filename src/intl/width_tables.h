@@ -55,6 +55,26 @@ constexpr VoicedKana kVoicedKana[] = {
 
 constexpr uint16_t kSemiVoicedToFull[] = {0x8370, 0x8373, 0x8376, 0x8379, 0x837C};
 
+constexpr bool IsLatin(uint32_t byte) {
+    return byte >= kFirstLatin && byte <= kLastLatin;
+}
+
+constexpr bool IsKana(uint32_t byte) {
+    return byte >= kFirstKana && byte <= kLastKana;
+}
+
+// The full-width code of a kana with the mark that follows it; 0 where the mark doesn't go with the kana.
+constexpr uint16_t MarkedKanaToFull(uint32_t base, uint32_t mark) {
+    if (mark == kSemiVoicedMark && base >= kFirstSemiVoiced && base <= kLastSemiVoiced) {
+        return kSemiVoicedToFull[base - kFirstSemiVoiced];
+    }
+    if (mark != kVoicedMark) return 0;
+    for (const VoicedKana& kana : kVoicedKana) {
+        if (kana.base == base) return kana.full;
+    }
+    return 0;
+}
+
 // ---- full-width to half-width -------------------------------------------------------------------------------------
 
 // Small kana without a small half-width form. They don't come back.

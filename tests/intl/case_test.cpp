@@ -98,4 +98,38 @@ TEST(CaseJapanese, FoldOneCharacter) {
     }
 }
 
+// The shortcut for characters without case gives what the host gives, for every code.
+void ExpectFoldsAsTheHost() {
+    for (uint32_t code = 0x8001; code <= 0xFFFF; ++code) {
+        const char text[3] = {static_cast<char>(code >> 8), static_cast<char>(code), '\0'};
+        if (IntlBytesInNextChar(text) != 2) continue;
+        char upper[3] = {text[0], text[1], '\0'};
+        char lower[3] = {text[0], text[1], '\0'};
+        CharUpperA(upper);
+        CharLowerA(lower);
+        ASSERT_EQ(IntlFoldChar(text, IntlFold::kUpper), IntlDBCSChar(upper)) << std::hex << code;
+        ASSERT_EQ(IntlFoldChar(text, IntlFold::kLower), IntlDBCSChar(lower)) << std::hex << code;
+    }
+}
+
+TEST(CaseJapanese, FoldsAsTheHost) {
+    const TestLanguage language(kJapanese);
+    ExpectFoldsAsTheHost();
+}
+
+TEST(CaseChinese, FoldsAsTheHost) {
+    const TestLanguage language(kChinese);
+    ExpectFoldsAsTheHost();
+}
+
+TEST(CaseChineseTraditional, FoldsAsTheHost) {
+    const TestLanguage language(kChineseTraditional);
+    ExpectFoldsAsTheHost();
+}
+
+TEST(CaseKorean, FoldsAsTheHost) {
+    const TestLanguage language(kKorean);
+    ExpectFoldsAsTheHost();
+}
+
 }  // namespace
