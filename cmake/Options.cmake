@@ -5,6 +5,9 @@ target_compile_options(morvl15_options INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:-fno-rtti>)
 target_include_directories(morvl15_options INTERFACE ${PROJECT_SOURCE_DIR}/include)
 
+# Doubles are computed operation by operation, as written: a fused multiplication and addition rounds otherwise.
+target_compile_options(morvl15_options INTERFACE -ffp-contract=off)
+
 if(WIN32)
   # Doubles are computed in SSE2 registers, so that they have the same bits as on the native host.
   target_compile_options(morvl15_options INTERFACE -msse2 -mfpmath=sse)

@@ -1,4 +1,4 @@
-// Addition, subtraction and negation.
+// Addition and subtraction, pair by pair.
 #include <algorithm>
 
 #include "number_codec.h"
@@ -42,7 +42,7 @@ void SubtractAt(uint8_t* big, const NumParts& small, int32_t at) {
 }  // namespace
 
 int32_t NumAddSub(Number* result, const Number* a, const Number* b, bool subtract) {
-    if (NumIsInvalid(a) || NumIsInvalid(b)) return NumPackZero(result);
+    if (IsInvalid(a) || IsInvalid(b)) return NumPackZero(result);
     NumParts big = NumTakeApart(a);
     NumParts small = NumTakeApart(b);
     if (subtract) small.negative = !small.negative;
@@ -63,18 +63,4 @@ int32_t NumAddSub(Number* result, const Number* a, const Number* b, bool subtrac
     std::copy_n(big.digits, big.count, pairs + 1);
     if (small.count > 0) (adding ? AddAt : SubtractAt)(pairs, small, 1 + shift);
     return NumPack(result, pairs, 1 + kPositions, big.negative, big.exponent + 1);
-}
-
-int32_t MORVL_CALL NumAddition(Number* result, const Number* a, const Number* b) {
-    return NumAddSub(result, a, b, false);
-}
-
-int32_t MORVL_CALL NumSubtract(Number* result, const Number* a, const Number* b) {
-    return NumAddSub(result, a, b, true);
-}
-
-int32_t MORVL_CALL NumNegate(Number* num) {
-    if (NumIsNull(num) || NumIsInvalid(num)) return 0;
-    NumParts parts = NumTakeApart(num);
-    return NumPack(num, parts.digits, parts.count, !parts.negative, parts.exponent);
 }

@@ -1,4 +1,4 @@
-// Comparison.
+// Comparison, pair by pair.
 #include <algorithm>
 
 #include "number_codec.h"
@@ -27,15 +27,11 @@ int32_t Sign(const NumParts& parts) {
 }  // namespace
 
 int32_t NumComparePairs(const Number* a, const Number* b) {
-    if (NumIsInvalid(a) || NumIsInvalid(b)) return 0;
-    if (NumIsNull(a) || NumIsNull(b)) return Order(NumIsNull(b), NumIsNull(a));
+    if (IsInvalid(a) || IsInvalid(b)) return 0;
+    if (IsNull(a) || IsNull(b)) return Order(IsNull(b), IsNull(a));
     const NumParts x = NumTakeApart(a);
     const NumParts y = NumTakeApart(b);
     const int32_t sign = Sign(x);
     if (sign != Sign(y) || sign == 0) return Order(sign, Sign(y));
     return sign * CompareMagnitudes(x, y);
-}
-
-int32_t MORVL_CALL NumCompare(const Number* a, const Number* b) {
-    return NumComparePairs(a, b);
 }

@@ -1,4 +1,4 @@
-// Division.
+// Division, pair by pair.
 #include <algorithm>
 #include <iterator>
 
@@ -110,11 +110,11 @@ void StripLeadingZeros(NumParts& parts) {
 }  // namespace
 
 int32_t NumDividePairs(Number* result, const Number* a, const Number* b) {
-    if (NumIsNull(b) || NumIsZero(b)) {
+    if (IsNull(b) || NumIsZero(b)) {
         NumMakeNull(result);
         return 0;
     }
-    if (NumIsInvalid(a) || NumIsInvalid(b)) return NumPackZero(result);
+    if (IsInvalid(a) || IsInvalid(b)) return NumPackZero(result);
     const NumParts dividend = NumTakeApart(a);
     NumParts divisor = NumTakeApart(b);
     StripLeadingZeros(divisor);
@@ -122,8 +122,4 @@ int32_t NumDividePairs(Number* result, const Number* a, const Number* b) {
     const int32_t count = LongDivision(dividend, divisor).Run(quotient);
     const int32_t exponent = dividend.exponent - divisor.exponent + kNumExponentBias + 1;
     return NumPack(result, quotient, count, dividend.negative != divisor.negative, exponent);
-}
-
-int32_t MORVL_CALL NumDivide(Number* result, const Number* a, const Number* b) {
-    return NumDividePairs(result, a, b);
 }

@@ -1,10 +1,8 @@
-// Multiplication, and by a power of ten.
+// Multiplication, pair by pair.
 #include "number_codec.h"
 #include "pair_arithmetic.h"
 
 namespace {
-
-constexpr int32_t kMaxPower = 50;
 
 // Adds pairs times one pair to the product; `product` stands one pair in front of where the first pair falls.
 void AddMultiple(uint8_t* product, const NumParts& pairs, int32_t factor) {
@@ -20,27 +18,11 @@ void AddMultiple(uint8_t* product, const NumParts& pairs, int32_t factor) {
 }  // namespace
 
 int32_t NumMultiplyPairs(Number* result, const Number* a, const Number* b) {
-    if (NumIsInvalid(a) || NumIsInvalid(b)) return NumPackZero(result);
+    if (IsInvalid(a) || IsInvalid(b)) return NumPackZero(result);
     const NumParts x = NumTakeApart(a);
     const NumParts y = NumTakeApart(b);
     uint8_t product[2 * kNumMaxPairs] = {};
     for (int32_t i = y.count - 1; i >= 0; --i) AddMultiple(product + i, x, y.digits[i]);
     const int32_t exponent = x.exponent + y.exponent - kNumExponentBias;
     return NumPack(result, product, x.count + y.count, x.negative != y.negative, exponent);
-}
-
-int32_t MORVL_CALL NumMultiply(Number* result, const Number* a, const Number* b) {
-    return NumMultiplyPairs(result, a, b);
-}
-
-int32_t MORVL_CALL NumPower10(Number* result, const Number* source, int32_t power) {
-    if (power < -kMaxPower || power > kMaxPower) {
-        NumMakeNull(result);
-        return 0;
-    }
-    // 10 to the power is 1 or 10 times a power of 100; the shift rounds down, also below 0.
-    const int32_t powerOf100 = power >> 1;
-    const bool odd = (power & 1) != 0;
-    const Number factor{{2, static_cast<uint8_t>(kNumZeroByte + 1 + powerOf100), static_cast<uint8_t>(odd ? 10 : 1)}};
-    return NumMultiply(result, source, &factor);
 }

@@ -23,7 +23,11 @@ inline int32_t NumLength(const Number* num) {
     return num->bytes[0] & 0x0F;
 }
 
-inline bool NumIsInvalid(const Number* num) {
+inline bool IsNull(const Number* num) {
+    return NumLength(num) == 0;
+}
+
+inline bool IsInvalid(const Number* num) {
     return NumLength(num) > kNumMaxLength;
 }
 

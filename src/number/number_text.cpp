@@ -1,21 +1,30 @@
 // Plain decimal text to Number.
 #include <morvl15/intl.h>
 
-#include "number_codec.h"
+#include "decimal_pack.h"
 
 namespace {
 
-constexpr int32_t kMaxDigits = 23;  // digits behind these keep their place, and are lost
+constexpr int32_t kMaxDigits = kDecimalHighDigits + kDecimalLowDigits;  // those behind keep their place, and are lost
 constexpr int32_t kTooLarge = -1;
 constexpr int32_t kTooSmall = -2;
 constexpr int32_t kExponentTextLimit = 10000;  // an exponent that reaches it is too large under either sign
 
+uint32_t DigitValue(char character) {
+    return static_cast<uint32_t>(static_cast<unsigned char>(character)) - '0';
+}
+
 bool IsDigit(char character) {
-    return character >= '0' && character <= '9';
+    return DigitValue(character) <= 9;
 }
 
 bool IsHexPrefix(const char* text) {
     return text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+}
+
+// Whether a byte is "+", "-", "." or a digit, or else "," or "/": no white space in any language.
+bool IsNoSpace(char character) {
+    return character >= '+' && character <= '9';
 }
 
 // Walks over [digits] [. digits] [e [sign] [digits]] and keeps what counts.
@@ -25,17 +34,19 @@ class DecimalScanner {
 
     // False when there is no digit.
     bool ScanDigits() {
-        SkipZeros(0);
-        for (; IsDigit(*at_); ++at_) {
-            Keep(*at_);
-            ++pointAt_;
+        const char* start = at_;
+        while (*at_ == '0') ++at_;
+        const char* firstCounted = at_;
+        KeepDigits();
+        point_ = at_ - firstCounted;
+        if (*at_ != '.') return at_ != start;
+        const char* point = at_++;
+        if (count_ == 0) {
+            while (*at_ == '0') ++at_;
+            point_ = point + 1 - at_;
         }
-        if (*at_ == '.') {
-            ++at_;
-            if (count_ == 0) SkipZeros(-1);
-            for (; IsDigit(*at_); ++at_) Keep(*at_);
-        }
-        return sawDigit_;
+        KeepDigits();
+        return point != start || at_ != point + 1;
     }
 
     // False when the exponent is too large to be read on.
@@ -46,55 +57,52 @@ class DecimalScanner {
         if (*at_ == '-' || *at_ == '+') ++at_;
         int32_t value = 0;
         for (; IsDigit(*at_); ++at_) {
-            value = value * 10 + (*at_ - '0');
+            value = value * 10 + static_cast<int32_t>(DigitValue(*at_));
             if (value >= kExponentTextLimit) return false;
         }
-        pointAt_ += negative ? -value : value;
+        point_ += negative ? -value : value;
         return true;
     }
 
     const char* End() const { return at_; }
 
     // Packs what was kept. Result: as that of NumAsciiToNumber, but 0 for success.
-    int32_t Pack(Number* num, bool negative) {
+    int32_t Pack(Number* num, bool negative) const {
         if (count_ == 0) {
             NumPackZero(num);
             return 0;
         }
-        const int64_t position = pointAt_ + 2 * int64_t{kNumExponentBias};  // where the point lies, in digits
-        if (position < 0) return kTooSmall;
-        // An odd position takes a 0 in front, so that the point falls between two pairs.
-        const int32_t lead = static_cast<int32_t>(position & 1);
-        const int64_t exponent = (position + lead) / 2;
-        if (exponent > kNumMaxExponent) return kTooLarge;
-        uint8_t pairs[(kMaxDigits + 1) / 2] = {};
-        for (int32_t i = 0; i < count_; ++i) {
-            const int32_t digitAt = i + lead;
-            pairs[digitAt / 2] = static_cast<uint8_t>(pairs[digitAt / 2] + digits_[i] * (digitAt % 2 != 0 ? 1 : 10));
-        }
-        NumPack(num, pairs, (count_ + lead + 1) / 2, negative, static_cast<int32_t>(exponent));
+        const int64_t point = point_ + 2 * int64_t{kNumExponentBias};
+        if (point < 0) return kTooSmall;
+        if (point > 2 * int64_t{kNumMaxExponent}) return kTooLarge;
+        NumPackDecimal(num, LeftAligned(), negative, static_cast<int32_t>(point));
         return 0;
     }
 
   private:
-    // Zeros in front of the first digit kept; each moves the point by `move`.
-    void SkipZeros(int32_t move) {
-        for (; *at_ == '0'; ++at_) {
-            pointAt_ += move;
-            sawDigit_ = true;
+    void KeepDigits() {
+        for (uint32_t digit = DigitValue(*at_); digit <= 9; digit = DigitValue(*++at_)) {
+            if (count_ < kDecimalHighDigits) {
+                high_ = high_ * 10 + digit;
+            } else if (count_ < kMaxDigits) {
+                low_ = low_ * 10 + digit;
+            } else {
+                continue;
+            }
+            ++count_;
         }
     }
 
-    void Keep(char digit) {
-        if (count_ < kMaxDigits) digits_[count_++] = static_cast<uint8_t>(digit - '0');
-        sawDigit_ = true;
+    DecimalDigits LeftAligned() const {
+        if (count_ <= kDecimalHighDigits) return {high_ * NumPowerOf10(kDecimalHighDigits - count_), 0};
+        return {high_, low_ * static_cast<uint32_t>(NumPowerOf10(kMaxDigits - count_))};
     }
 
     const char* at_;
-    bool sawDigit_ = false;
-    uint8_t digits_[kMaxDigits];
+    uint64_t high_ = 0;  // the first digits kept, from the first one that isn't 0
+    uint32_t low_ = 0;   // those behind
     int32_t count_ = 0;
-    int64_t pointAt_ = 0;  // the value is 0.digits times 10 to this power
+    int64_t point_ = 0;  // the value is 0.digits times 10 to this power
 };
 
 }  // namespace
@@ -103,7 +111,7 @@ int32_t MORVL_CALL NumAsciiToNumber(Number* num, const char* text) {
     num->bytes[0] = 0;
     num->bytes[1] = kNumZeroByte;
     if (text == nullptr) return 0;
-    const char* start = IntlStripStartSpace(text);
+    const char* start = IsNoSpace(*text) ? text : IntlStripStartSpace(text);
     const bool hasSign = *start == '-' || *start == '+';
     if (IsHexPrefix(start + hasSign)) {
         return static_cast<int32_t>(start - text) + NumHexAsciiToNumber(num, start);

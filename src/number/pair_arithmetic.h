@@ -16,3 +16,19 @@ int32_t NumMultiplyPairs(Number* result, const Number* a, const Number* b);
 int32_t NumDividePairs(Number* result, const Number* a, const Number* b);
 
 int32_t NumComparePairs(const Number* a, const Number* b);
+
+// A value, neither null nor invalid, rounded half away from zero to decimal places.
+int32_t NumRoundPairs(Number* result, const Number* source, int32_t decimals);
+
+// NumToAscii, for every value and every width.
+int32_t NumToAsciiPairs(const Number* num, char* buffer, uint16_t width);
+
+// The double of a value, neither null nor invalid.
+double NumToDoublePairs(const Number* num);
+
+// The last step of it: the value times 100 to the power, by one multiplication by 100.0 or 0.01 for each, and its sign.
+inline double NumScaleDouble(double value, int32_t power, bool negative) {
+    for (int32_t i = power; i < 0; ++i) value *= 0.01;
+    for (int32_t i = 0; i < power; ++i) value *= 100.0;
+    return negative ? -value : value;
+}

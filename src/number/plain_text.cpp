@@ -2,6 +2,8 @@
 #include <algorithm>
 
 #include "number_codec.h"
+#include "pair_arithmetic.h"
+#include "vector_operations.h"
 
 namespace {
 
@@ -159,9 +161,9 @@ class PlainText {
 
 }  // namespace
 
-int32_t MORVL_CALL NumToAscii(const Number* num, char* buffer, uint16_t width) {
+int32_t NumToAsciiPairs(const Number* num, char* buffer, uint16_t width) {
     *buffer = '\0';
-    if (NumIsNull(num) || NumIsInvalid(num)) return 0;
+    if (IsNull(num) || IsInvalid(num)) return 0;
     const NumParts parts = NumTakeApart(num);
     const bool negative = parts.negative && parts.count > 0;
     char* digits = buffer + negative;
@@ -171,4 +173,12 @@ int32_t MORVL_CALL NumToAscii(const Number* num, char* buffer, uint16_t width) {
     if (end == buffer) *end++ = '0';
     *end = '\0';
     return static_cast<int32_t>(end - buffer);
+}
+
+int32_t MORVL_CALL NumToAscii(const Number* num, char* buffer, uint16_t width) {
+    if (width >= kNumTextRoom && HasPairVectors()) {
+        const int32_t length = NumToAsciiVectors(num, buffer);
+        if (length != kNumDeclined) return length;
+    }
+    return NumToAsciiPairs(num, buffer, width);
 }

@@ -2,6 +2,8 @@
 #include <algorithm>
 
 #include "number_codec.h"
+#include "pair_arithmetic.h"
+#include "vector_operations.h"
 
 namespace {
 
@@ -60,11 +62,7 @@ void CutLow(NumParts& parts, int64_t digits) {
 
 }  // namespace
 
-int32_t MORVL_CALL NumRound(Number* result, const Number* source, int32_t decimals) {
-    if (NumIsNull(source) || NumIsInvalid(source)) {
-        NumMakeNull(result);
-        return 0;
-    }
+int32_t NumRoundPairs(Number* result, const Number* source, int32_t decimals) {
     NumParts parts = NumTakeApart(source);
     const int64_t kept = int64_t{decimals} + 2 * IntegerPairs(parts);
     if (kept < 0) return NumPackZero(result);
@@ -72,8 +70,16 @@ int32_t MORVL_CALL NumRound(Number* result, const Number* source, int32_t decima
     return NumPack(result, parts.digits, parts.count, parts.negative, parts.exponent);
 }
 
+int32_t MORVL_CALL NumRound(Number* result, const Number* source, int32_t decimals) {
+    if (IsNull(source) || IsInvalid(source)) {
+        NumMakeNull(result);
+        return 0;
+    }
+    return HasPairVectors() ? NumRoundVectors(result, source, decimals) : NumRoundPairs(result, source, decimals);
+}
+
 int32_t MORVL_CALL NumTruncate(Number* num, int32_t precision, int32_t scale) {
-    if (NumIsNull(num) || NumIsInvalid(num)) return 0;
+    if (IsNull(num) || IsInvalid(num)) return 0;
     NumParts parts = NumTakeApart(num);
     const int64_t excess = 2 * IntegerPairs(parts) - (int64_t{precision} - scale);
     if (excess > 0) CutTop(parts, excess);

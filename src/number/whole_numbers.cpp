@@ -63,7 +63,7 @@ uint32_t MORVL_CALL NumToDWord(const Number* num) {
 
 uint32_t MORVL_CALL NumToLongReply(const Number* num, uint32_t* reply) {
     *reply = 0;
-    return NumIsInvalid(num) ? 0 : IntegerPart(NumTakeApart(num));
+    return IsInvalid(num) ? 0 : IntegerPart(NumTakeApart(num));
 }
 
 uint32_t MORVL_CALL NumToWordReply(const Number* num, uint32_t* reply) {
@@ -88,7 +88,7 @@ Number* MORVL_CALL NumNullToZero(Number* num) {
 }
 
 int32_t MORVL_CALL NumIsZero(const Number* num) {
-    return !NumIsNull(num) && !NumIsInvalid(num) && NumTakeApart(num).count == 0;
+    return !NumIsNull(num) && !IsInvalid(num) && NumTakeApart(num).count == 0;
 }
 
 double* MORVL_CALL NumNullDouble(double* value) {
