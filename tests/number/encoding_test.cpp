@@ -184,22 +184,16 @@ struct IntegerCase {
     const char* text;
     uint32_t value;
 };
+// clang-format off
 constexpr IntegerCase kIntegerParts[] = {
-    {__LINE__, "2.9", 2},
-    {__LINE__, "-2.9", 0xFFFFFFFE},
-    {__LINE__, "0.5", 0},
-    {__LINE__, "0.0005", 0},
-    {__LINE__, "1e-102", 0},
-    {__LINE__, "70000", 70000},
-    {__LINE__, "1000000", 1000000},
-    {__LINE__, "4294967295", 4294967295},
-    {__LINE__, "4294967296", 0},
-    {__LINE__, "4294967297.99", 1},
-    {__LINE__, "-4294967297", 0xFFFFFFFF},
+    {__LINE__, "2.9", 2},            {__LINE__, "-2.9", 0xFFFFFFFE},         {__LINE__, "0.5", 0},
+    {__LINE__, "0.0005", 0},         {__LINE__, "1e-102", 0},                {__LINE__, "70000", 70000},
+    {__LINE__, "1000000", 1000000},  {__LINE__, "4294967295", 4294967295},   {__LINE__, "4294967296", 0},
+    {__LINE__, "4294967297.99", 1},  {__LINE__, "-4294967297", 0xFFFFFFFF},
     {__LINE__, "1e+32", 0},  // 100 to the 16th is a multiple of 2 to the 32nd
-    {__LINE__, "1e+40", 0},
-    {__LINE__, "1e+30", 1073741824u},
+    {__LINE__, "1e+40", 0},  {__LINE__, "1e+30", 1073741824u},
 };
+// clang-format on
 
 TEST(WholeNumbers, IntegerPart) {
     for (const IntegerCase& c : kIntegerParts) {
