@@ -8,17 +8,29 @@
 MORVL_BEGIN_C
 
 #pragma pack(push, 1)
+
+// A date and time as seven whole numbers, in the Gregorian calendar. Owns no memory; copying the bytes copies the
+// value. All zero is no date.
 typedef struct DatDef {
-    int32_t Month;
-    int32_t Day;
-    int32_t Year;
-    int32_t Hour;
-    int32_t Minute;
-    int32_t Second;
-    int32_t Microsecond;
+    int32_t Month;        // 1 to 12
+    int32_t Day;          // 1 to 31, within the month's length
+    int32_t Year;         // 0 to 9999, in full
+    int32_t Hour;         // 0 to 24
+    int32_t Minute;       // 0 to 59
+    int32_t Second;       // 0 to 59
+    int32_t Microsecond;  // 0 to 999999; below 0: no fraction is shown
 } DatDef;
+
 #pragma pack(pop)
 
+// FMTIsoToDatDef: reads a date and time from fixed columns, "yyyy-MM-dd-hhhh.mm.ss.mmmmmm".
+//   text    in:  columns from 0: year 0 to 3, month 5 and 6, day 8 and 9, hour 11 and 12, minute 14 and 15, second 17
+//                and 18, microsecond 20 to 25; what stands between them is not looked at. Null counts as empty.
+//   datDef  out: each field is its columns as a decimal number: white space and a sign pass, the first byte that is no
+//                digit ends it. A field that the text doesn't reach to its end is 0, so that a shorter fraction is
+//                lost. No range is checked.
+// Result: 1.
+// Examples: "2003" -> Year 2003, all else 0; "2003-04-05-06.07.08.123456" -> all seven
 MORVL_API int32_t MORVL_CALL FMTIsoToDatDef(const char* text, DatDef* datDef);
 
 // ---- dates and times through pictures ------------------------------------------------------------------------------

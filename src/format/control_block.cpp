@@ -19,7 +19,7 @@ static_assert(sizeof(void*) != 4 || (sizeof(FMTCntlBlock) == 167 && offsetof(FMT
 namespace {
 
 constexpr uint32_t kFlagsTouched = 0x1FFF;  // bits 0 to 12
-constexpr uint32_t kFlagsAtStart = 1u << 0 | 1u << 2 | 1u << 5;
+constexpr uint32_t kFlagsAtStart = FMT_DEFAULT_TIME | FMT_MICROSECONDS | FMT_USABLE;
 
 void InitTexts(FMTCntlBlock* block) {
     block->Input = nullptr;
@@ -67,7 +67,7 @@ void InitMessage(FMTCntlBlock* block) {
 }  // namespace
 
 void MORVL_CALL FMTInitCntlBlock(FMTCntlBlock* block) {
-    block->Type = -1;
+    block->Type = FMT_TYPE_NONE;
     block->Flags = (block->Flags & ~kFlagsTouched) | kFlagsAtStart;
     InitTexts(block);
     InitRegion(block);
