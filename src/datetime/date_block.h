@@ -3,13 +3,13 @@
 
 #include "default_pictures.h"
 
-constexpr int32_t kTypeDate = 1;
-constexpr int32_t kTypeTime = 2;
-constexpr int32_t kTypeDateTime = 3;
+constexpr int32_t kTypeDate = FMT_TYPE_DATE;
+constexpr int32_t kTypeTime = FMT_TYPE_TIME;
+constexpr int32_t kTypeDateTime = FMT_TYPE_DATE_TIME;
 
-constexpr uint32_t kFlagNoFreeForm = 1U << 1;  // a time is read by its picture only
-constexpr uint32_t kFlagDateSeen = 1U << 7;    // the last match: a day, month or year took a value
-constexpr uint32_t kFlagTimeSeen = 1U << 11;   // the last match: a part of the time took a value
+constexpr uint32_t kFlagNoFreeForm = FMT_PICTURES_ONLY;  // a time is read by its picture only
+constexpr uint32_t kFlagDateSeen = FMT_FOUND_DATE;       // the last match: a day, month or year took a value
+constexpr uint32_t kFlagTimeSeen = FMT_FOUND_TIME;       // the last match: a part of the time took a value
 
 inline bool IsDateType(int32_t type) {
     return type >= kTypeDate && type <= kTypeDateTime;

@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr int32_t kTypeDate = 1;
-constexpr int32_t kTypeTime = 2;
+constexpr int32_t kTypeDate = FMT_TYPE_DATE;
+constexpr int32_t kTypeTime = FMT_TYPE_TIME;
 constexpr size_t kTimeSepLength = 2;
 
 char* Append(char* out, const char* text) {

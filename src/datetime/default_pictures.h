@@ -5,11 +5,11 @@
 #include "../format/region.h"
 
 // Bits of FMTCntlBlock.Flags on the date side.
-constexpr uint32_t kFlagTimePicture = 1u << 0;    // the default time picture is in force
-constexpr uint32_t kFlagMicroseconds = 1u << 2;   // ... and carries microseconds
-constexpr uint32_t kFlagEra = 1u << 6;            // a microsecond field of 0 is left out
-constexpr uint32_t kFlagLongForm = 1u << 10;      // under UseProfile, the long form whatever the settings say
-constexpr uint32_t kFlagUnpaddedHour = 1u << 12;  // the last match met an hour field without padding
+constexpr uint32_t kFlagTimePicture = FMT_DEFAULT_TIME;    // the default time picture is in force
+constexpr uint32_t kFlagMicroseconds = FMT_MICROSECONDS;   // ... and carries microseconds
+constexpr uint32_t kFlagEra = FMT_ERA_TIME;                // a microsecond field of 0 is left out
+constexpr uint32_t kFlagLongForm = FMT_LONG_FORM;          // under UseProfile, the long form whatever the settings say
+constexpr uint32_t kFlagUnpaddedHour = FMT_UNPADDED_HOUR;  // the last match met an hour field without padding
 
 // The words that stand in the place of a picture.
 enum class DateWord { kNone, kEmpty, kShort, kLong, kTime, kEra, kEraDate };

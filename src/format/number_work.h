@@ -14,9 +14,13 @@ constexpr uint16_t kNumberTextWidth = 108;
 constexpr size_t kNumberTextSize = kNumberTextWidth + 1;
 
 // The kinds of a number operation, and the flags that it reads.
-enum FMTNumberType : int32_t { kTypeNumber = 4, kTypeCurrency = 5, kTypePicture = 6 };
-constexpr uint32_t kFlagEveryDigit = 1u << 3;
-constexpr uint32_t kFlagUsable = 1u << 5;
+enum FMTNumberType : int32_t {
+    kTypeNumber = FMT_TYPE_NUMBER,
+    kTypeCurrency = FMT_TYPE_CURRENCY,
+    kTypePicture = FMT_TYPE_PICTURE
+};
+constexpr uint32_t kFlagEveryDigit = FMT_EVERY_DIGIT;
+constexpr uint32_t kFlagUsable = FMT_USABLE;
 
 // The two separators of an operation, 0 for none.
 struct FMTSeparators {
