@@ -113,15 +113,4 @@ TEST(CalendarDays, IsValidDate) {
     }
 }
 
-TEST(CalendarDays, EraTable) {
-    const char letters[] = "MTSH";
-    for (int32_t era = 0; era < kEras; ++era) {
-        EXPECT_EQ(gFMTEraTable[era].letter, letters[era]);
-        EXPECT_LT(era == 0 ? 0 : gFMTEraTable[era - 1].start, +gFMTEraTable[era].start);
-    }
-    EXPECT_EQ(+gFMTEraTable[kEras].start, 0);
-    EXPECT_STREQ(gFMTEraTable[3].name, "\x95\xBD\x90\xAC");
-    EXPECT_EQ(FMTDateToDayNumber(1, 7, 1989), gFMTEraTable[3].start - 1);
-}
-
 }  // namespace

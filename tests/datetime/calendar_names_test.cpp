@@ -91,15 +91,4 @@ TEST(CalendarNames, LongestNames) {
     }
 }
 
-TEST(CalendarNames, ProfileWords) {
-    const FMTProfileWords* words = FMTGetProfileWords();
-    ASSERT_NE(words, nullptr);
-    EXPECT_STREQ(words->dateType, "sDateType");
-    EXPECT_STREQ(words->shortGregorian, "ShortGregorian");
-    EXPECT_STREQ(words->longGregorian, "LongGregorian");
-    EXPECT_STREQ(words->japanGregorian, "JapanGregorian");
-    EXPECT_STREQ(words->japanEmperor, "JapanEmperor");
-    EXPECT_STREQ(words->empDateBoundryCheck, "iEmpDateBoundryCheck");
-}
-
 }  // namespace

@@ -90,17 +90,6 @@ TEST(CalendarNames, OneMissingStringMeansNoNames) {
     }
 }
 
-TEST(CalendarNames, LoadOnDemandOnceTheyAreThere) {
-    {
-        const StringsBut strings(2024);
-        EXPECT_EQ(FMTLoadNames(), 0);
-    }
-    const StringsBut complete(0);
-    EXPECT_STREQ(FMTMonthFull(12), "December");
-    EXPECT_EQ(FMTFindMonthName("december"), 12);
-    EXPECT_EQ(FMTIsValidDate(1, 1, 2000, "Sat"), 1);
-}
-
 // Names of another language: cut to 14 bytes, sorted whatever their order.
 TEST(CalendarNames, AnyNamesWork) {
     std::vector<std::string> texts;

@@ -1,4 +1,4 @@
-// Which number pictures are valid.
+// Which number pictures are valid. The examples of docs/number-pictures.md run too, in number_pictures_doc_native.cpp.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -29,19 +29,14 @@ constexpr ValidCase kPictures[] = {
     {__LINE__, "#",                 1},
     // sections
     {__LINE__, "#;#;#",             1},
-    {__LINE__, "#;#;#;#",           0},
     {__LINE__, "#;#;#;",            0},
-    {__LINE__, "#,##0;;",           1},
     {__LINE__, ";;",                1},
     {__LINE__, "#;;'zero'",         1},
-    {__LINE__, "'a;b'#",            0},  // the cut leaves a literal open
     // minus and parentheses, in the second section only
     {__LINE__, "-#,##0",            0},
     {__LINE__, "#;-#,##0",          1},
     {__LINE__, "#;#-",              1},
-    {__LINE__, "#;-#-",             0},
     {__LINE__, "#;#;-#",            0},
-    {__LINE__, "#;(#)",             1},
     {__LINE__, "#;(#)",             0, kMinusFirst},
     {__LINE__, "#;(#",              0},
     {__LINE__, "#;#)",              1},  // the currency string behind the amount
@@ -50,14 +45,11 @@ constexpr ValidCase kPictures[] = {
     {__LINE__, "#;((#))",           0},
     {__LINE__, "#;()#",             0},
     {__LINE__, "#;#()",             0},
-    {__LINE__, "#;-(#)",            0},
     {__LINE__, "#;(-#)",            0},
     {__LINE__, "#;(#)-",            0},
     {__LINE__, "#;(#",              1, kFar},  // that parenthesis is the negative prefix
     {__LINE__, "(#)",               0},
     // currency strings
-    {__LINE__, "$#;($#)",           1},
-    {__LINE__, "$#;-$#",            0},  // behind a currency string of the first section
     {__LINE__, "#;-$#",             0},
     {__LINE__, "#;($#)",            1},
     {__LINE__, "$#;(#)",            0},
@@ -70,23 +62,15 @@ constexpr ValidCase kPictures[] = {
     {__LINE__, "#;$#",              0},
     // digit runs
     {__LINE__, "##",                1},
-    {__LINE__, "0#",                0},
     {__LINE__, "#0",                1},
-    {__LINE__, "#.#0",              0},
     {__LINE__, "0.0#",              1},
     {__LINE__, "#.0",               1},
     {__LINE__, "0.#",               1},
     {__LINE__, "0.",                1},
-    {__LINE__, "0.00.0",            0},
     {__LINE__, "0 0",               0},
     {__LINE__, ".0",                0},
-    {__LINE__, "#,###,##0",         1},
-    {__LINE__, "#,###.00",          1},
-    {__LINE__, "#,##,##0",          0},
     {__LINE__, "#,##.00",           0},
     {__LINE__, "#,####.00",         0},
-    {__LINE__, "#,#",               1},
-    {__LINE__, "#,",                0},
     {__LINE__, "#,.0",              0},
     {__LINE__, "#,x",               0},
     {__LINE__, "#.##0,00",          1, kGerman},
@@ -98,13 +82,9 @@ constexpr ValidCase kPictures[] = {
     {__LINE__, "#'##0",             1, kSwiss},
     {__LINE__, "#'x'",              1, kSwiss},
     {__LINE__, "#'x",               0, kSwiss},
-    {__LINE__, "#%",                1},
     {__LINE__, "#%%",               0},
-    {__LINE__, "%#",                0},
     {__LINE__, "0.0%;-0.0% ",       1},
     // pairs and literals
-    {__LINE__, "#_x",               1},
-    {__LINE__, "#_xx",              0},
     {__LINE__, "#_x ",              0},
     {__LINE__, "#_",                0},
     {__LINE__, "_x",                1},
@@ -116,20 +96,14 @@ constexpr ValidCase kPictures[] = {
     {__LINE__, "'a\\'b' #",         1},
     {__LINE__, "'a\\' #",           0},
     {__LINE__, "'a #",              0},
-    {__LINE__, "# kg",              0},
     // scientific ones are judged by themselves
     {__LINE__, "0.00E+00",          1},
     {__LINE__, "0.00E+00",          1, kGerman},
-    {__LINE__, "0.0#E+0#",          1},
     {__LINE__, "0.##e-0",           1},
     {__LINE__, "0.0e-0",            1},
-    {__LINE__, "0.E+00",            0},
-    {__LINE__, "0.00E00",           0},
     {__LINE__, "0.00E 00",          0},
-    {__LINE__, "0.#0E+00",          0},
     {__LINE__, "0.0#E+#0",          0},
     {__LINE__, "0.0E+0#0",          0},
-    {__LINE__, "0.0E+0 x",          0},
     {__LINE__, "0.0E+0;0",          0},
     {__LINE__, "0.0E+",             0},
     // tokenized
