@@ -148,7 +148,7 @@ TEST(IntlAccessors, TheProfileIsReadOnceAfterAChange) {
     EXPECT_EQ(FMTGetIntlValue(3), 3);
     WriteProfileStringA("intl", "iDigits", "5");
     WriteProfileStringA("intl", "sTime", ".");
-    EXPECT_EQ(ReadProfile().iDigits, 5);  // a reading of one's own leaves the cache alone
+    EXPECT_EQ(+ReadProfile().iDigits, 5);  // a reading of one's own leaves the cache alone
     EXPECT_EQ(FMTGetIntlValue(3), 3);
     EXPECT_STREQ(FMTGetIntlString(2), ":");
     FMTWinIniChanged();
