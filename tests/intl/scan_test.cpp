@@ -83,8 +83,8 @@ TEST(ScanJapanese, Patterns) {
          "b", 1},                         // in characters
         {__LINE__, "\x83\x61", "a", -1},  // a trail byte is no letter
         {__LINE__, "\x83\x5C%", "\x83\x5C\\%", 0},
-        {__LINE__, "\x83\x25", "\\%", -1},
-        {__LINE__, "x\x83\x25", "\x83\x25", 1},  // nor a wild card
+        {__LINE__, "\x83\x5F", "\\_", -1},
+        {__LINE__, "x\x83\x5F", "\x83\x5F", 1},  // nor a wild card
         {__LINE__, "\x82\x60\x82\x61", "\x82\x82", 1},
         {__LINE__, "\x82\x81", "\x82\x60", 0},
         {__LINE__, "\x82\xA0\x82\xA2", "_\x82\xA2", 0},

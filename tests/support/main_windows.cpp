@@ -2,6 +2,8 @@
 // looks at the end whether the user profile is as it was.
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <set>
 #include <string>
 
 #include "frame/entry.h"
@@ -21,16 +23,23 @@ class ProfileCheck : public testing::Environment {
     void SetUp() override { before_ = Contents(); }
     void TearDown() override { EXPECT_EQ(Contents(), before_) << "the user profile is not as it was"; }
 
-    static std::string Contents() {
-        std::string all;
-        for (const char* section : {"intl", "MORVANEL", "windows"}) {
+    // The lines of the sections that tests write to. The names of keys have no case, and an older spelling may come
+    // back as a newer one.
+    static std::set<std::string> Contents() {
+        std::set<std::string> lines;
+        for (const std::string section : {"intl", "MORVANEL", "windows"}) {
             char keys[16384];
-            all.append(keys, GetProfileSectionA(section, keys, sizeof keys)).append("\n");
+            GetProfileSectionA(section.c_str(), keys, sizeof keys);
+            for (char* line = keys; *line != '\0'; line += std::strlen(line) + 1) {
+                char* const value = std::strchr(line, '=');
+                if (value != nullptr) CharLowerBuffA(line, static_cast<DWORD>(value - line));
+                lines.insert(section + ": " + line);
+            }
         }
-        return all;
+        return lines;
     }
 
-    std::string before_;
+    std::set<std::string> before_;
 };
 
 }  // namespace
