@@ -31,3 +31,15 @@ add_custom_command(TARGET morvl15 POST_BUILD
     --input-def ${decorated_definition} --output-lib $<TARGET_LINKER_FILE_NAME:morvl15>
   WORKING_DIRECTORY ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}
   VERBATIM)
+
+# The package: scripts/package.sh windows.
+install(TARGETS morvl15 RUNTIME DESTINATION bin ARCHIVE DESTINATION lib)
+install(FILES ${module_definition} DESTINATION lib)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/morvl15 DESTINATION include
+  PATTERN host EXCLUDE PATTERN host_native.h EXCLUDE)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/windows.md DESTINATION . RENAME README.md)
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION .)
+set(CPACK_GENERATOR ZIP)
+set(CPACK_PACKAGE_FILE_NAME morvl15-${PROJECT_VERSION}-win32)
+set(CPACK_STRIP_FILES ON)
+include(CPack)

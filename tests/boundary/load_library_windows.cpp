@@ -59,6 +59,33 @@ TEST_F(LoadedLibrary, AllocatesMemory) {
     FIND(MemFree)(block);
 }
 
+TEST_F(LoadedLibrary, ComputesAndFormats) {
+    Number sum;
+    Number tenth;
+    char text[32];
+    FIND(NumLongToNumber)(&sum, -3);
+    FIND(NumAsciiToNumber)(&tenth, "0.1");
+    FIND(NumAddition)(&sum, &sum, &tenth);
+    EXPECT_EQ(FIND(NumToAscii)(&sum, text, sizeof text - 1), 4);
+    EXPECT_STREQ(text, "-2.9");
+    EXPECT_EQ(FIND(IntlStrLen)("four"), 4);
+    EXPECT_EQ(FIND(IntlStrScan)("a picture", "p%e"), 2);
+
+    // The names of months were loaded with the library, from its own resources.
+    FMTCntlBlock block;
+    FIND(FMTInitCntlBlock)(&block);
+    block.Type = 1;
+    block.LongDatePic = "d MMMM yyyy";
+    block.Month = 2;
+    block.Day = 29;
+    block.Year = 2024;
+    block.Output = text;
+    EXPECT_EQ(FIND(FMTFormatDateTime)(&block), 1);
+    EXPECT_STREQ(text, "29 February 2024");
+    EXPECT_EQ(FIND(FMTMaskText)("5551234", text, "999-9999"), 1);
+    EXPECT_STREQ(text, "555-1234");
+}
+
 struct SlotThread {
     decltype(&TLS_SetItem) setItem;
     int32_t slot;
