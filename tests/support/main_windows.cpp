@@ -1,10 +1,13 @@
 // The main program of every test on Windows. It does for the library's objects what the loader does for the DLL, and
-// looks at the end whether the user profile is as it was.
+// looks after each test whether the user profile is as it was.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "frame/entry.h"
 
@@ -19,9 +22,15 @@ void WINAPI NotifyThread(PVOID /*module*/, DWORD reason, PVOID reserved) {
 }
 extern "C" __attribute__((section(".CRT$XLY"), used)) const PIMAGE_TLS_CALLBACK notifyThread = NotifyThread;
 
-class ProfileCheck : public testing::Environment {
-    void SetUp() override { before_ = Contents(); }
-    void TearDown() override { EXPECT_EQ(Contents(), before_) << "the user profile is not as it was"; }
+class ProfileCheck : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo& /*info*/) override { before_ = Contents(); }
+    void OnTestEnd(const testing::TestInfo& info) override {
+        const std::set<std::string> after = Contents();
+        std::vector<std::string> changed;
+        std::set_symmetric_difference(before_.begin(), before_.end(), after.begin(), after.end(),
+                                      std::back_inserter(changed));
+        EXPECT_EQ(changed, std::vector<std::string>()) << info.name() << " leaves the user profile changed";
+    }
 
     // The lines of the sections that tests write to. The names of keys have no case, and an older spelling may come
     // back as a newer one.
@@ -29,8 +38,9 @@ class ProfileCheck : public testing::Environment {
         std::set<std::string> lines;
         for (const std::string section : {"intl", "MORVANEL", "windows"}) {
             char keys[16384];
-            GetProfileSectionA(section.c_str(), keys, sizeof keys);
-            for (char* line = keys; *line != '\0'; line += std::strlen(line) + 1) {
+            // Wine doesn't always end the list by an empty line.
+            const char* const end = keys + GetProfileSectionA(section.c_str(), keys, sizeof keys);
+            for (char* line = keys; line < end; line += std::strlen(line) + 1) {
                 char* const value = std::strchr(line, '=');
                 if (value != nullptr) CharLowerBuffA(line, static_cast<DWORD>(value - line));
                 lines.insert(section + ": " + line);
@@ -46,7 +56,7 @@ class ProfileCheck : public testing::Environment {
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    testing::AddGlobalTestEnvironment(new ProfileCheck);
+    testing::UnitTest::GetInstance()->listeners().Append(new ProfileCheck);
     DllMain(GetModuleHandleA(nullptr), DLL_PROCESS_ATTACH, nullptr);
     const int result = RUN_ALL_TESTS();
     DllMain(GetModuleHandleA(nullptr), DLL_PROCESS_DETACH, nullptr);
