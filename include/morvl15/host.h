@@ -16,8 +16,10 @@
 #else
 #include <morvl15/host/kernel.h>
 #include <morvl15/host/locale.h>
+#include <morvl15/host/objects.h>
 #include <morvl15/host/types.h>
 #include <morvl15/host/user.h>
+#include <morvl15/host/version.h>
 #endif
 
 #endif

@@ -44,6 +44,9 @@ MORVL_HOST_API void HostSetLanguages(LANGID systemLanguage, LCID userLocale);
 // Sets the clock to a moment that stands still; null lets it run again.
 MORVL_HOST_API void HostSetClock(const SYSTEMTIME* time);
 
+// Reports another platform id in GetVersionExA, such as VER_PLATFORM_WIN32_WINDOWS; 0 goes back to the usual one.
+MORVL_HOST_API void HostSetPlatformId(DWORD id);
+
 // Names the profile file (copied), null or empty for the default place. Nothing is read until a profile call is made.
 MORVL_HOST_API void HostSetProfilePath(const char* path);
 

@@ -1,5 +1,5 @@
-// The main program of every test on the native host: English, a profile file of its own, and after each test a look
-// whether a block was left behind.
+// The main program of every test on the native host: English, a profile file and names of kernel objects of its own,
+// and after each test a look whether a block was left behind.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -39,6 +39,7 @@ int main(int argc, char** argv) {
     }
     profilePath = folder + "/profile.ini";
     HostSetProfilePath(TestProfilePath());
+    setenv("MORVL15_SESSION", folder.c_str(), 1);
     HostSetLanguages(0x0409, 0x0409);
     IntlInit();
     HostCountBlocks(TRUE);
