@@ -61,3 +61,8 @@ else()
   # Takes in the object that attaches the library to the process, which nothing else refers to.
   target_link_options(morvl15_static INTERFACE LINKER:--undefined=morvl15LibraryModule)
 endif()
+
+include(cmake/VersionTexts.cmake)
+if(NOT WIN32)  # there the library's resource script holds them
+  morvl15_version_texts(morvl15 PRODUCT_VERSION ${PROJECT_VERSION} FILE_VERSION ${PROJECT_VERSION})
+endif()

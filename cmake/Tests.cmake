@@ -32,7 +32,7 @@ foreach(room IN LISTS rooms ITEMS host examples)
   if(WIN32)
     target_link_libraries(${room}_tests PRIVATE morvl15_resources)
   else()
-    target_link_libraries(${room}_tests PRIVATE morvl15host)
+    target_link_libraries(${room}_tests PRIVATE morvl15host ${CMAKE_DL_LIBS})
     if(room STREQUAL "examples")
       target_link_libraries(examples_tests PRIVATE util)
       foreach(example IN LISTS examples)
@@ -45,6 +45,8 @@ foreach(room IN LISTS rooms ITEMS host examples)
     gtest_discover_tests(${room}_tests DISCOVERY_TIMEOUT 60)
   endif()
 endforeach()
+
+include(cmake/TestHelpers.cmake)
 
 # The headers compile as plain C too, and a C program links.
 add_executable(c_header_test ${PROJECT_SOURCE_DIR}/tests/boundary/c_header_test.c)

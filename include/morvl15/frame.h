@@ -1,4 +1,5 @@
-// The library frame: the global lock that the library shares with the application above it, and thread slots.
+// The library frame: the global lock that the library shares with the application above it, thread slots, version
+// texts.
 #ifndef MORVL15_FRAME_H
 #define MORVL15_FRAME_H
 
@@ -52,7 +53,7 @@ MORVL_API int32_t MORVL_CALL TLS_AllocIndex(void);
 
 // TLS_GetItem: the calling thread's value of a slot.
 //   slot    in:  a number from TLS_AllocIndex
-// Result: the value; 0 where the thread has set none, for a number outside 0 to 99, and when there is no memory.
+// Result: the value; 0 where the thread has set none and for a number outside 0 to 99.
 MORVL_API uintptr_t MORVL_CALL TLS_GetItem(int32_t slot);
 
 // TLS_SetItem: stores the calling thread's value of a slot. A clean-up routine stored before is first called with the
@@ -67,6 +68,21 @@ MORVL_API uintptr_t MORVL_CALL TLS_SetItem(int32_t slot, uintptr_t value, TLSCle
 // TLS_FreeAll: calls the clean-up routines of the calling thread's slots, from slot 0 upward, each with its value, and
 // frees the slots. It runs by itself at the end of a thread. The thread may use slots again and finds them empty.
 MORVL_API void MORVL_CALL TLS_FreeAll(void);
+
+// ---- version texts ----------------------------------------------------------------------------------------------
+//
+// Two texts out of the version data of a module: on Windows its version resource, elsewhere the section that
+// morvl15_version_texts (cmake/VersionTexts.cmake) puts into a module on either host. Both look under US English with
+// the Unicode code page (040904b0) first, then with the Latin code page of Windows (040904E4). Thread-safe.
+//   module  in:  a module that is loaded; null is the program itself
+//   text    out: room for the longest text and its terminator; untouched on failure
+// Result: 1; 0 when the module has no such text, when there is no memory, and for a null `text`.
+
+// VERGetVersionString: the version of the product that the module belongs to ("ProductVersion").
+MORVL_API int32_t MORVL_CALL VERGetVersionString(HMODULE module, char* text);
+
+// VERGetBuildString: the version of the module's file ("FileVersion").
+MORVL_API int32_t MORVL_CALL VERGetBuildString(HMODULE module, char* text);
 
 MORVL_END_C
 
