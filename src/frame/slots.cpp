@@ -19,7 +19,7 @@ struct ThreadSlotBlock {
     ThreadSlot slots[kSlots];
 };
 #pragma pack(pop)
-static_assert(sizeof(ThreadSlotBlock) == kSlots * 2 * sizeof(void*));
+static_assert(sizeof(ThreadSlotBlock) == 200 * sizeof(void*));
 
 int32_t gTlsSlotCount = 0;
 std::atomic<DWORD> gTlsIndex{TLS_OUT_OF_INDEXES};
@@ -35,13 +35,18 @@ DWORD TlsEnsureIndex() {
     return index;
 }
 
+// The calling thread's block, or null while it has none.
+ThreadSlotBlock* TlsFindBlock() {
+    const DWORD index = gTlsIndex.load(std::memory_order_acquire);
+    return index != TLS_OUT_OF_INDEXES ? static_cast<ThreadSlotBlock*>(TlsGetValue(index)) : nullptr;
+}
+
 // The calling thread's block, made at its first use. Null when there is no memory or no index.
 ThreadSlotBlock* TlsGetBlock() {
+    if (ThreadSlotBlock* found = TlsFindBlock()) return found;
     const DWORD index = TlsEnsureIndex();
     if (index == TLS_OUT_OF_INDEXES) return nullptr;
-    void* block = TlsGetValue(index);
-    if (block != nullptr) return static_cast<ThreadSlotBlock*>(block);
-    block = GlobalAlloc(GPTR, sizeof(ThreadSlotBlock));
+    void* block = GlobalAlloc(GPTR, sizeof(ThreadSlotBlock));
     if (block == nullptr) return nullptr;
     if (!TlsSetValue(index, block)) {
         GlobalFree(block);
@@ -50,11 +55,8 @@ ThreadSlotBlock* TlsGetBlock() {
     return static_cast<ThreadSlotBlock*>(block);
 }
 
-// The entry of a slot in the calling thread, or null where there is none to be had.
-ThreadSlot* TlsFindSlot(int32_t slot) {
-    if (slot < 0 || slot >= kSlots) return nullptr;
-    ThreadSlotBlock* block = TlsGetBlock();
-    return block == nullptr ? nullptr : &block->slots[slot];
+bool TlsIsSlot(int32_t slot) {
+    return slot >= 0 && slot < kSlots;
 }
 
 void TlsCleanUp(const ThreadSlot& slot) {
@@ -68,25 +70,24 @@ int32_t MORVL_CALL TLS_AllocIndex() {
     return gTlsSlotCount < kSlots ? gTlsSlotCount++ : -1;
 }
 
+// A thread that has set no slot needs no block to read 0.
 uintptr_t MORVL_CALL TLS_GetItem(int32_t slot) {
-    const ThreadSlot* entry = TlsFindSlot(slot);
-    return entry == nullptr ? 0 : entry->value;
+    const ThreadSlotBlock* block = TlsFindBlock();
+    return block != nullptr && TlsIsSlot(slot) ? block->slots[slot].value : 0;
 }
 
 uintptr_t MORVL_CALL TLS_SetItem(int32_t slot, uintptr_t value, TLSCleanup cleanup) {
-    ThreadSlot* entry = TlsFindSlot(slot);
-    if (entry == nullptr) return 0;
-    TlsCleanUp(*entry);
-    *entry = ThreadSlot{value, cleanup};
+    ThreadSlotBlock* block = TlsIsSlot(slot) ? TlsGetBlock() : nullptr;
+    if (block == nullptr) return 0;
+    TlsCleanUp(block->slots[slot]);
+    block->slots[slot] = ThreadSlot{value, cleanup};
     return value;
 }
 
 void MORVL_CALL TLS_FreeAll() {
-    const DWORD index = gTlsIndex.load(std::memory_order_acquire);
-    if (index == TLS_OUT_OF_INDEXES) return;
-    auto* block = static_cast<ThreadSlotBlock*>(TlsGetValue(index));
+    ThreadSlotBlock* block = TlsFindBlock();
     if (block == nullptr) return;
     for (const ThreadSlot& slot : block->slots) TlsCleanUp(slot);
     GlobalFree(block);
-    TlsSetValue(index, nullptr);
+    TlsSetValue(gTlsIndex.load(std::memory_order_acquire), nullptr);
 }

@@ -11,6 +11,8 @@ namespace {
 TEST(SlotsWithoutMemory, NothingIsStoredOrTouched) {
     std::thread([] {
         HostFailAllocation(1);
+        EXPECT_EQ(TLS_GetItem(0), 0u);  // which needs no memory
+        EXPECT_FALSE(HostAllocationFailed());
         EXPECT_EQ(TLS_SetItem(0, 5, nullptr), 0u);
         EXPECT_TRUE(HostAllocationFailed());
         EXPECT_EQ(TLS_GetItem(0), 0u);
