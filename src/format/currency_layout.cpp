@@ -8,7 +8,6 @@
 
 namespace {
 
-// A stands for the amount without its sign, S for the symbol.
 constexpr const char* kNegativeLayouts[] = {
     "(SA)",  // 0
     "-SA",   // 1
@@ -22,15 +21,6 @@ constexpr const char* kNegativeLayouts[] = {
     "-S A",  // 9
     "A S-",  // 10
 };
-
-const char* LayoutOf(bool negative, const FMTCurrencyLayout& layout) {
-    if (negative) {
-        const bool known = layout.negative >= 0 && layout.negative < static_cast<int32_t>(std::size(kNegativeLayouts));
-        return known ? kNegativeLayouts[layout.negative] : "";
-    }
-    if (layout.after) return layout.space ? "A S" : "AS";
-    return layout.space ? "S A" : "SA";
-}
 
 char* Append(char* to, const char* text) {
     return std::copy_n(text, std::strlen(text), to);
@@ -76,10 +66,24 @@ void TakeSymbolAtEnd(char* text, const char* symbol) {
 
 }  // namespace
 
+FMTCurrencyLayout FMTCurrencyLayoutOf(const FMTRegion& region) {
+    const int32_t position = region.CurrencyPos();
+    return {region.Currency(), position == 1 || position == 3, position == 2 || position == 3, region.NegCurrency()};
+}
+
+const char* FMTCurrencyElements(const FMTCurrencyLayout& layout, bool negative) {
+    if (negative) {
+        const bool known = layout.negative >= 0 && layout.negative < static_cast<int32_t>(std::size(kNegativeLayouts));
+        return known ? kNegativeLayouts[layout.negative] : "";
+    }
+    if (layout.after) return layout.space ? "A S" : "AS";
+    return layout.space ? "S A" : "SA";
+}
+
 void FMTApplyCurrency(const char* amount, const FMTCurrencyLayout& layout, char* output) {
     const bool negative = amount[0] == '-';
     if (negative) ++amount;
-    for (const char* element = LayoutOf(negative, layout); *element != 0; ++element) {
+    for (const char* element = FMTCurrencyElements(layout, negative); *element != 0; ++element) {
         switch (*element) {
             case 'A': output = Append(output, amount); break;
             case 'S': output = Append(output, layout.symbol); break;

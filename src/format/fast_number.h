@@ -6,8 +6,11 @@
 
 namespace fast {
 
-// FMTFormatNumber by a picture. False if it declines; the result is 1 otherwise.
+// FMTFormatNumber. False if it declines; the result is 1 otherwise.
 bool FormatNumber(const FMTCntlBlock& block);
+
+// The same by a scientific picture.
+bool FormatScientific(const char* picture, FMTSeparators separators, const Number& value, char* output);
 
 enum class Outcome { kDeclined, kRejected, kAccepted };
 

@@ -7,125 +7,160 @@
 
 namespace {
 
-// What a byte means outside a digit run. Those before kHash are literal text.
-enum ByteKind : uint8_t { kText, kPad, kLetterE, kQuote, kHash, kZero, kCut, kEnd, kToken, kHigh };
+// What a byte means outside a digit run; plain literal text has no mark.
+enum Mark : uint8_t {
+    kPad = 1,
+    kLetterE = 2,
+    kQuote = 4,
+    kHash = 8,
+    kZero = 16,
+    kCut = 32,
+    kEnd = 64,
+    kRefused = 128,
+};
+constexpr int kPlace = kHash | kZero;
+constexpr int kSectionEnd = kCut | kEnd | kRefused;
 
-constexpr std::array<ByteKind, 256> kKinds = [] {
-    std::array<ByteKind, 256> kinds = {};
-    for (size_t byte = 0x80; byte < 0x100; ++byte) kinds[byte] = kHigh;
-    kinds[0] = kEnd;
-    kinds['_'] = kPad;
-    kinds['e'] = kLetterE;
-    kinds['E'] = kLetterE;
-    kinds['\''] = kQuote;
-    kinds['"'] = kQuote;
-    kinds['#'] = kHash;
-    kinds['0'] = kZero;
-    kinds[';'] = kCut;
-    kinds[static_cast<uint8_t>(kTokenRunStart)] = kToken;
-    return kinds;
-}();
+using Marks = std::array<uint8_t, 256>;
 
-ByteKind KindOf(char byte) {
-    return kKinds[static_cast<uint8_t>(byte)];
+constexpr Marks MakeMarks(bool doubleByte) {
+    Marks marks = {};
+    marks[0] = kEnd;
+    marks['_'] = kPad;
+    marks['e'] = kLetterE;
+    marks['E'] = kLetterE;
+    marks['\''] = kQuote;
+    marks['"'] = kQuote;
+    marks['#'] = kHash;
+    marks['0'] = kZero;
+    marks[';'] = kCut;
+    marks[static_cast<uint8_t>(kTokenRunStart)] = kRefused;
+    for (size_t byte = 0x80; doubleByte && byte < 0x100; ++byte) marks[byte] = kRefused;
+    return marks;
 }
 
-bool IsPlace(char byte) {
-    return byte == '#' || byte == '0';
-}
+constexpr Marks kMarks = MakeMarks(false);
+constexpr Marks kDoubleByteMarks = MakeMarks(true);
 
-bool IsUsualSeparator(char separator) {
-    const ByteKind kind = KindOf(separator);
-    return kind <= kQuote || kind == kEnd || (kind == kHigh && gIntlDBCS == 0);
+// A separator as a byte's value, -1 for none.
+int ByteOf(char separator) {
+    return separator != 0 ? static_cast<uint8_t>(separator) : -1;
 }
 
 class Scanner {
   public:
-    Scanner(const char* picture, FMTSeparators separators) : at_(picture), separators_(separators) {}
+    explicit Scanner(FMTSeparators separators)
+        : marks_(gIntlDBCS != 0 ? kDoubleByteMarks : kMarks),
+          thousand_(ByteOf(separators.thousand)),
+          decimal_(ByteOf(separators.decimal)) {}
 
-    const char* At() const { return at_; }
-    bool SawLetterE() const { return sawLetterE_; }
-
-    // Passes the ";" behind a section; false if the picture ends there.
-    bool PassCut() {
-        if (*at_ == 0) return false;
-        ++at_;
-        return true;
+    // Separators that mean something else in a picture are refused.
+    bool HasUsualSeparators() const {
+        constexpr int kUsual = kPad | kLetterE | kQuote;
+        const auto isUsual = [this](int separator) {
+            return separator < 0 || (marks_[static_cast<size_t>(separator)] & ~kUsual) == 0;
+        };
+        return isUsual(thousand_) && isUsual(decimal_) && (thousand_ != decimal_ || decimal_ < 0);
     }
 
-    // Reads up to the ";" or the terminator, on which it stops.
-    bool ScanSection(fast::SectionShape* section) {
-        section->shape = {};
-        section->plainLiterals = true;
-        const char* start = at_;
-        if (!PassText(section, kHash, false)) return false;
-        section->shape.prefix = Since(start);
-        if (!IsPlace(*at_)) return true;
-        section->shape.hasPlaces = true;
-        if (!PassWhole(&section->shape)) return false;
-        const bool hasFraction = IsDecimal(*at_);
-        if (hasFraction && !PassFraction(&section->shape)) return false;
-        start = at_;
-        // A zero in the text behind a whole number counts as one of its places.
-        if (!PassText(section, kCut, !hasFraction)) return false;
-        section->shape.suffix = Since(start);
-        return true;
+    // Whether a picture read so far has a letter E.
+    bool SawLetterE() const { return (seen_ & kLetterE) != 0; }
+
+    // Reads a section up to its ";" or the terminator. Result: where that stands, null if the section is refused.
+    const char* ScanSection(const char* at, fast::SectionShape* section) {
+        const char* const start = at;
+        int seen = 0;
+        at = PassText(at, kPlace | kSectionEnd, &seen);
+        section->shape.prefix = {start, static_cast<size_t>(at - start)};
+        section->shape.hasPlaces = (MarkOf(*at) & kPlace) != 0;
+        at = section->shape.hasPlaces ? ScanPlaces(at, &section->shape, &seen) : ScanNoPlaces(at, &section->shape);
+        section->plainLiterals = (seen & (kQuote | kPadBehind)) == 0;
+        seen_ |= seen;
+        return at != nullptr && (MarkOf(*at) & kRefused) == 0 ? at : nullptr;
     }
 
   private:
-    bool IsThousand(char byte) const { return byte == separators_.thousand && byte != 0; }
-    bool IsDecimal(char byte) const { return byte == separators_.decimal && byte != 0; }
-    std::string_view Since(const char* start) const { return {start, static_cast<size_t>(at_ - start)}; }
+    static constexpr int kPadBehind = 256;  // a pad behind the digits; in front it is text
 
-    // Passes literal text up to a byte of a kind from stop on. Pads matter behind the digits only.
-    bool PassText(fast::SectionShape* section, ByteKind stop, bool refuseZero) {
-        for (;; ++at_) {
-            const ByteKind kind = KindOf(*at_);
-            if (kind == kText) continue;
-            if (kind == kToken || (kind == kHigh && gIntlDBCS != 0) || (kind == kZero && refuseZero)) return false;
-            if (kind >= stop && kind != kHigh) return true;
-            if (kind == kLetterE) sawLetterE_ = true;
-            if (kind == kQuote || (kind == kPad && stop == kCut)) section->plainLiterals = false;
-        }
+    int MarkOf(char byte) const { return marks_[static_cast<uint8_t>(byte)]; }
+    bool IsThousand(char byte) const { return static_cast<uint8_t>(byte) == thousand_; }
+    bool IsDecimal(char byte) const { return static_cast<uint8_t>(byte) == decimal_; }
+
+    const char* PassText(const char* at, int stop, int* seen) const {
+        int mark = 0;
+        for (; ((mark = MarkOf(*at)) & stop) == 0; ++at) *seen |= mark;
+        return at;
     }
 
-    bool PassWhole(FMTSectionShape* shape) {
-        for (;; ++at_) {
-            if (*at_ == '#') continue;
-            if (*at_ == '0') {
-                ++shape->intZeros;
-            } else if (IsThousand(*at_) && IsPlace(at_[1])) {
-                shape->grouping = true;
+    static const char* ScanNoPlaces(const char* at, FMTSectionShape* shape) {
+        shape->fracDigits = 0;
+        shape->intZeros = 0;
+        shape->fracZeros = 0;
+        shape->grouping = false;
+        shape->suffix = {};
+        return at;
+    }
+
+    // The digit run, and the text behind it.
+    const char* ScanPlaces(const char* at, FMTSectionShape* shape, int* seen) const {
+        int32_t intZeros = 0;
+        bool grouping = false;
+        for (;; ++at) {
+            if (*at == '#') continue;
+            if (*at == '0') {
+                ++intZeros;
+            } else if (IsThousand(*at) && (MarkOf(at[1]) & kPlace) != 0) {
+                grouping = true;
             } else {
-                return !IsThousand(*at_) || (!IsThousand(at_[1]) && !IsDecimal(at_[1]));
+                break;
             }
         }
-    }
+        if (IsThousand(*at) && (IsThousand(at[1]) || IsDecimal(at[1]))) return nullptr;
+        shape->intZeros = intZeros;
+        shape->grouping = grouping;
 
-    bool PassFraction(FMTSectionShape* shape) {
-        for (++at_; IsPlace(*at_); ++at_) {
-            ++shape->fracDigits;
-            if (*at_ == '0') ++shape->fracZeros;
+        const bool hasFraction = IsDecimal(*at);
+        int32_t fracDigits = 0;
+        int32_t fracZeros = 0;
+        if (hasFraction) {
+            for (++at; (MarkOf(*at) & kPlace) != 0; ++at) {
+                ++fracDigits;
+                fracZeros += *at == '0' ? 1 : 0;
+            }
+            if (IsThousand(*at) || IsDecimal(*at)) return nullptr;
         }
-        return !IsThousand(*at_) && !IsDecimal(*at_);
+        shape->fracDigits = fracDigits;
+        shape->fracZeros = fracZeros;
+
+        const char* const start = at;
+        int seenBehind = 0;
+        at = PassText(at, kSectionEnd, &seenBehind);
+        shape->suffix = {start, static_cast<size_t>(at - start)};
+        // A zero in the text behind a whole number counts as one of its places.
+        if (!hasFraction && (seenBehind & kZero) != 0) return nullptr;
+        *seen |= seenBehind | ((seenBehind & kPad) != 0 ? kPadBehind : 0);
+        return at;
     }
 
-    const char* at_;
-    FMTSeparators separators_;
-    bool sawLetterE_ = false;
+    const Marks& marks_;
+    int thousand_;
+    int decimal_;
+    int seen_ = 0;
 };
 
 }  // namespace
 
 bool fast::ScanPicture(const char* picture, FMTSeparators separators, PictureShape* result) {
     if (picture[0] == 0 || (picture[0] == '$' && picture[1] == 0)) return false;
-    if (!IsUsualSeparator(separators.thousand) || !IsUsualSeparator(separators.decimal)) return false;
-    if (separators.thousand == separators.decimal && separators.decimal != 0) return false;
-    Scanner scanner(picture, separators);
-    result->count = 0;
-    do {
-        if (result->count == 3 || !scanner.ScanSection(&result->section[result->count++])) return false;
-    } while (scanner.PassCut());
-    const bool perhapsScientific = picture[0] == '0' && picture[1] == '.' && scanner.SawLetterE();
-    return scanner.At() - picture < kPictureSize && !perhapsScientific;
+    Scanner scanner(separators);
+    if (!scanner.HasUsualSeparators()) return false;
+    const char* at = picture;
+    for (result->count = 0; result->count < 3; ++at) {
+        at = scanner.ScanSection(at, &result->section[result->count++]);
+        if (at == nullptr) return false;
+        if (*at != 0) continue;
+        const bool perhapsScientific = picture[0] == '0' && picture[1] == '.' && scanner.SawLetterE();
+        return at - picture < kPictureSize && !perhapsScientific;
+    }
+    return false;
 }

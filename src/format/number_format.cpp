@@ -53,11 +53,6 @@ void GroupDigits(char* text, int32_t places, char thousand, char* work) {
     text[out - work] = 0;
 }
 
-FMTCurrencyLayout CurrencyLayoutOf(const FMTRegion& region) {
-    const int32_t position = region.CurrencyPos();
-    return {region.Currency(), position == 1 || position == 3, position == 2 || position == 3, region.NegCurrency()};
-}
-
 // The layouts of the settings. The text grows in output step by step.
 int32_t FormatByLayout(const FMTRegion& region, const FMTCntlBlock& block, bool isCurrency) {
     char* output = block.Output;
@@ -76,7 +71,7 @@ int32_t FormatByLayout(const FMTRegion& region, const FMTCntlBlock& block, bool 
     if (places > 0) SetDecimalSeparator(output, region.DecimalSep());
     if (region.ThousandSep() != 0) GroupDigits(output, places, region.ThousandSep(), work.Text());
     if (isCurrency) {
-        FMTApplyCurrency(output, CurrencyLayoutOf(region), work.Text());
+        FMTApplyCurrency(output, FMTCurrencyLayoutOf(region), work.Text());
         std::memcpy(output, work.Text(), std::strlen(work.Text()) + 1);
     }
     return 1;
@@ -92,19 +87,12 @@ int32_t FormatByPicture(const FMTRegion& region, const FMTCntlBlock& block) {
     return FMTFormatNumberPic(block.Output, picture, FMTSeparatorsOf(region), block.Value);
 }
 
-// A picture may stand for one of the layouts.
-int32_t SettleType(const FMTCntlBlock& block) {
-    if (block.Type != kTypePicture || block.Picture == nullptr) return block.Type;
-    if (block.Picture[0] == 0) return kTypeNumber;
-    return std::strcmp(block.Picture, "$") == 0 ? kTypeCurrency : kTypePicture;
-}
-
 }  // namespace
 
 int32_t plain::FormatNumber(const FMTCntlBlock* block) {
     if (block == nullptr || (block->Flags & kFlagUsable) == 0 || block->Output == nullptr) return 0;
     const FMTRegion region(block);
-    switch (SettleType(*block)) {
+    switch (FMTSettleType(*block)) {
         case kTypeNumber: return FormatByLayout(region, *block, false);
         case kTypeCurrency: return FormatByLayout(region, *block, true);
         case kTypePicture: return block->Picture != nullptr ? FormatByPicture(region, *block) : 0;

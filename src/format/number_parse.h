@@ -12,6 +12,14 @@ struct FMTNumberForm {
     bool after;          // the symbol follows the amount
 };
 
+inline FMTNumberForm FMTPlainForm(const FMTRegion& region) {
+    return {FMTSeparatorsOf(region), nullptr, false};
+}
+inline FMTNumberForm FMTAmountForm(const FMTRegion& region) {
+    const int32_t position = region.CurrencyPos();
+    return {FMTSeparatorsOf(region), region.Currency(), position == 1 || position == 3};
+}
+
 // Reads free-form text. See FMTValidateNumber.
 // Result: 1, or 0; value is then as it was, unless the text had the shape of a number but no digits, or too large an
 // exponent: then it is null.

@@ -35,8 +35,7 @@ Attempt TrySection(UnformatWork* work, std::string_view section, bool skipSign) 
 }
 
 bool UnformatCurrency(UnformatWork* work, const FMTRegion& region) {
-    const int32_t position = region.CurrencyPos();
-    const FMTNumberForm form = {work->separators, region.Currency(), position == 1 || position == 3};
+    const FMTNumberForm form = FMTAmountForm(region);
     return FMTParseNumberText(work->input, form, &work->value) != 0;
 }
 

@@ -128,10 +128,6 @@ int32_t MORVL_CALL FMTValidateNumber(FMTCntlBlock* block) {
     if (block == nullptr || (block->Flags & kFlagUsable) == 0 || block->Input == nullptr) return 0;
     if (block->Type != kTypeNumber && block->Type != kTypeCurrency) return 0;
     const FMTRegion region(block);
-    FMTNumberForm form = {FMTSeparatorsOf(region), nullptr, false};
-    if (block->Type == kTypeCurrency) {
-        form.symbol = region.Currency();
-        form.after = region.CurrencyPos() == 1 || region.CurrencyPos() == 3;
-    }
+    const FMTNumberForm form = block->Type == kTypeCurrency ? FMTAmountForm(region) : FMTPlainForm(region);
     return FMTParseNumberText(block->Input, form, &block->Value);
 }

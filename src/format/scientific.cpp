@@ -196,7 +196,7 @@ int32_t FMTUnformatSci(char* text, char decimal, Number* value) {
     if (letter == nullptr) return 0;
     const bool negative = TakeSign(&text);
     *letter = 0;
-    const FMTNumberForm form = {FMTSeparatorsOf(FMTRegion::OfProfile()), nullptr, false};
+    const FMTNumberForm form = FMTPlainForm(FMTRegion::OfProfile());
     Number mantissa;
     if (FMTParseNumberText(text, form, &mantissa) == 0) return 0;
     char* exponentText = letter + 1;
