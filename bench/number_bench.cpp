@@ -89,8 +89,9 @@ using Pass = std::function<void(Pair&, Walk)>;
 
 void Run(benchmark::State& state, const std::shared_ptr<Pair>& pair, const Pass& pass) {
     std::mt19937 random(7);
+    const auto operand = [&random] { return static_cast<uint32_t>(random() % kOperands); };
     while (state.KeepRunningBatch(kOperands)) {
-        pass(*pair, Walk{random() % kOperands, (random() % kOperands) | 1, random() % kOperands});
+        pass(*pair, Walk{operand(), operand() | 1, operand()});
         benchmark::ClobberMemory();
     }
 }
@@ -162,11 +163,11 @@ void BoostFromText(Pair& pair, Walk walk) {
     ForEach(walk, [&](uint32_t at, uint32_t other) { pair.boostResults[at] = Boost(pair.a.pointers[other]); });
 }
 
-template <Number (Operands::*kNumbers)[kOperands]>
+template <Number (Operands::*kNumbers)[kOperands], uint16_t kWidth>
 void NumberToText(Pair& pair, Walk walk) {
     char text[128];
     ForEach(walk, [&](uint32_t, uint32_t other) {
-        benchmark::DoNotOptimize(NumToAscii(&(pair.a.*kNumbers)[other], text, 108));
+        benchmark::DoNotOptimize(NumToAscii(&(pair.a.*kNumbers)[other], text, kWidth));
         benchmark::DoNotOptimize(text);
     });
 }
@@ -237,8 +238,9 @@ const std::vector<Entry>& Entries() {
         {"from_text", "Number", NumberFromText},
         {"from_text", "strtod", DoubleFromText},
         {"from_text", "cpp_dec_float", BoostFromText},
-        {"to_text", "Number", NumberToText<&Operands::numbers>},
-        {"to_text", "Number_of_double", NumberToText<&Operands::shortNumbers>},
+        {"to_text", "Number", NumberToText<&Operands::numbers, 108>},
+        {"to_text", "Number_30_wide", NumberToText<&Operands::numbers, 30>},
+        {"to_text", "Number_of_double", NumberToText<&Operands::shortNumbers, 108>},
         {"to_text", "to_chars", DoubleToText},
         {"to_text", "cpp_dec_float", BoostToText},
         {"from_double", "Number", NumberFromDouble},

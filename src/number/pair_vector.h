@@ -80,8 +80,11 @@ PAIR_VECTOR_INLINE int32_t PackedExponent(int32_t exponent) {
     return kNumPositive + exponent;
 }
 
-// NumPack of the pairs in lanes 15 down to 0, with E that of lane 15. Declines, with nothing written, in the one case
-// in which the rounding carries: it is rare, and the carry would have to run on.
+// NumPack of the pairs in lanes 15 down to 0, with E that of lane 15: by NumPack itself.
+int32_t NumPackLanes(Number* num, __m128i pairs, int32_t exponent, uint32_t negative);
+
+// The same, at once. Only a rounding that carries is left to NumPackLanes: it is rare, and the carry would have to run
+// on.
 PAIR_VECTOR_INLINE int32_t StoreNumber(Number* num, __m128i pairs, int32_t exponent, uint32_t negative) {
     const uint32_t used = ~ZeroLanes(pairs) & 0xFFFF;
     const uint32_t halves = MaskOf(_mm_cmpgt_epi8(pairs, _mm_set1_epi8(49)));
@@ -100,13 +103,17 @@ PAIR_VECTOR_INLINE int32_t StoreNumber(Number* num, __m128i pairs, int32_t expon
     const PackRows& rows = kToPack[negative];
     __m128i data = _mm_shuffle_epi8(pairs, Row(rows.toMemory[firstLane]));
     data = _mm_add_epi8(data, Row(rows.roundUp[roundUp]));
-    if (__builtin_expect(MaskOf(_mm_cmpeq_epi8(data, _mm_set1_epi8(100))) != 0, 0)) return kNumDeclined;
+    if (__builtin_expect(MaskOf(_mm_cmpeq_epi8(data, _mm_set1_epi8(100))) != 0, 0)) {
+        return NumPackLanes(num, pairs, exponent, negative);
+    }
     data = _mm_insert_epi8(data, packed, 0);
     const FinishRow& finish = rows.finish[count];
     data = _mm_add_epi8(_mm_xor_si128(data, Row(rows.flip)), Row(finish.add));
     const int32_t length = count + 1 + static_cast<int32_t>(negative);
     num->bytes[0] = static_cast<uint8_t>(length);
-    StoreData(num, _mm_blendv_epi8(LoadData(num), data, Row(finish.dataLanes)));
+    // Bytes behind the length stay.
+    const __m128i old = LoadData(num);
+    StoreData(num, _mm_xor_si128(_mm_and_si128(_mm_xor_si128(data, old), Row(finish.dataLanes)), old));
     return length;
 }
 

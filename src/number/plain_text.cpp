@@ -1,5 +1,6 @@
 // Number to plain text: the shortest plain form that fits a width, or else an exponent form.
 #include <algorithm>
+#include <cstring>
 
 #include "number_codec.h"
 #include "pair_arithmetic.h"
@@ -159,6 +160,16 @@ class PlainText {
     int32_t fraction_ = 0;  // digits behind those
 };
 
+// Through a text of full width, which is also that of a narrower one if it is shorter than that: then nothing is cut,
+// and the exponent form isn't taken.
+int32_t ToNarrowText(const Number* num, char* buffer, int32_t width) {
+    char text[kNumTextRoom + 1];
+    const int32_t length = NumToAsciiVectors(num, text);
+    if (length == kNumDeclined || length >= width) return kNumDeclined;
+    std::memcpy(buffer, text, static_cast<size_t>(length) + 1);
+    return length;
+}
+
 }  // namespace
 
 int32_t NumToAsciiPairs(const Number* num, char* buffer, uint16_t width) {
@@ -176,8 +187,9 @@ int32_t NumToAsciiPairs(const Number* num, char* buffer, uint16_t width) {
 }
 
 int32_t MORVL_CALL NumToAscii(const Number* num, char* buffer, uint16_t width) {
-    if (width >= kNumTextRoom && HasPairVectors()) {
-        const int32_t length = NumToAsciiVectors(num, buffer);
+    if (HasPairVectors()) {
+        const int32_t length =
+            width >= kNumTextRoom ? NumToAsciiVectors(num, buffer) : ToNarrowText(num, buffer, width);
         if (length != kNumDeclined) return length;
     }
     return NumToAsciiPairs(num, buffer, width);

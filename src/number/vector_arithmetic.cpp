@@ -3,6 +3,7 @@
 #if defined(__x86_64__)
 
 #include <cstdlib>
+#include <iterator>
 
 #include "pair_vector.h"
 
@@ -55,14 +56,6 @@ PAIR_VECTOR_INLINE VectorLimbs TopOfProduct(const VectorLimbs& a, const VectorLi
     return {{column2 % kLimbBase, column3 % kLimbBase, column4 % kLimbBase, column4 / kLimbBase}};
 }
 
-PAIR_VECTOR_INLINE int32_t Multiply(Number* result, const VectorParts& a, const VectorParts& b) {
-    if (AllZero(a.pairs) || AllZero(b.pairs)) return NumPackZero(result);
-    // Zero pairs in front, which no operation writes, could move the product below the top four limbs.
-    if (_mm_extract_epi8(_mm_min_epu8(a.pairs, b.pairs), 15) == 0) return kNumDeclined;
-    const VectorLimbs product = TopOfProduct(ToLimbs(a.pairs), ToLimbs(b.pairs));
-    return StoreNumber(result, FromLimbs(product), a.exponent + b.exponent - kNumExponentBias, a.negative ^ b.negative);
-}
-
 constexpr uint64_t k10To10 = 10000000000;
 constexpr uint64_t k10To12 = 1000000000000;
 constexpr uint64_t k10To16 = 10000000000000000;
@@ -95,17 +88,6 @@ PAIR_VECTOR_INLINE Quotient DivideScaled(Wide dividend, uint64_t scale, Wide div
     return {value, remainder};
 }
 
-// The twelve quotient pairs of the definition are two chunks of twelve digits.
-PAIR_VECTOR_INLINE int32_t Divide(Number* result, const VectorParts& a, const VectorParts& b) {
-    const Wide divisor = ToInteger(b.pairs);
-    const double reciprocal = 1.0 / ToDouble(divisor);
-    const Quotient high = DivideScaled(ToInteger(a.pairs), k10To10, divisor, reciprocal);
-    const Quotient low = DivideScaled(high.remainder, k10To12, divisor, reciprocal);
-    const uint64_t second = high.value % 10000 * 10000 + low.value / kLimbBase;
-    const __m128i pairs = FromLimbs({{0, low.value % kLimbBase, second, high.value / 10000}});
-    return StoreNumber(result, pairs, a.exponent - b.exponent + kNumExponentBias + 1, a.negative ^ b.negative);
-}
-
 // A Number as it is compared: magnitudes with the first byte in lane 15 and the pairs below it, and the same as bytes
 // that order from lane 15 down as the values do.
 struct SortForm {
@@ -124,35 +106,45 @@ PAIR_VECTOR_INLINE SortForm LoadToSort(const Number* num) {
 
 }  // namespace
 
+PAIR_VECTOR int32_t NumPackLanes(Number* num, __m128i pairs, int32_t exponent, uint32_t negative) {
+    uint8_t lanes[16];
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(lanes), pairs);
+    std::reverse(std::begin(lanes), std::end(lanes));
+    return NumPack(num, lanes, 16, negative != 0, exponent);
+}
+
 PAIR_VECTOR int32_t NumAddSubVectors(Number* result, const Number* a, const Number* b, bool subtract) {
     const VectorParts x = LoadNumber(a, kFromLane14);
     const VectorParts y = LoadNumber(b, kFromLane14);
-    if (AreValid(x, y)) {
-        const int32_t length = AddSub(result, x, y, subtract);
-        if (length != kNumDeclined) return length;
-    }
-    return NumAddSub(result, a, b, subtract);
+    if (!AreValid(x, y)) return NumPackZero(result);
+    return AddSub(result, x, y, subtract);
 }
 
 PAIR_VECTOR int32_t NumMultiplyVectors(Number* result, const Number* a, const Number* b) {
     const VectorParts x = LoadNumber(a, kFromLane15);
     const VectorParts y = LoadNumber(b, kFromLane15);
-    if (AreValid(x, y)) {
-        const int32_t length = Multiply(result, x, y);
-        if (length != kNumDeclined) return length;
-    }
-    return NumMultiplyPairs(result, a, b);
+    // A first pair of 0 means null, zero, or zero pairs in front, which no operation writes, but which could move the
+    // product below its top four limbs.
+    const bool firstPairs = _mm_extract_epi8(_mm_min_epu8(x.pairs, y.pairs), 15) != 0;
+    if (!AreValid(x, y) || !firstPairs) return NumMultiplyPairs(result, a, b);
+    const VectorLimbs product = TopOfProduct(ToLimbs(x.pairs), ToLimbs(y.pairs));
+    return StoreNumber(result, FromLimbs(product), x.exponent + y.exponent - kNumExponentBias, x.negative ^ y.negative);
 }
 
 PAIR_VECTOR int32_t NumDivideVectors(Number* result, const Number* a, const Number* b) {
     const VectorParts x = LoadNumber(a, kFromLane15);
     const VectorParts y = LoadNumber(b, kFromLane15);
     // A first pair of 0 means null, zero, or zero pairs in front, which would leave the divisor too small.
-    if (AreValid(x, y) && _mm_extract_epi8(y.pairs, 15) != 0) {
-        const int32_t length = Divide(result, x, y);
-        if (length != kNumDeclined) return length;
-    }
-    return NumDividePairs(result, a, b);
+    if (!AreValid(x, y) || _mm_extract_epi8(y.pairs, 15) == 0) return NumDividePairs(result, a, b);
+
+    // The twelve quotient pairs of the definition are two chunks of twelve digits.
+    const Wide divisor = ToInteger(y.pairs);
+    const double reciprocal = 1.0 / ToDouble(divisor);
+    const Quotient high = DivideScaled(ToInteger(x.pairs), k10To10, divisor, reciprocal);
+    const Quotient low = DivideScaled(high.remainder, k10To12, divisor, reciprocal);
+    const uint64_t second = high.value % 10000 * 10000 + low.value / kLimbBase;
+    const __m128i pairs = FromLimbs({{0, low.value % kLimbBase, second, high.value / 10000}});
+    return StoreNumber(result, pairs, x.exponent - y.exponent + kNumExponentBias + 1, x.negative ^ y.negative);
 }
 
 PAIR_VECTOR int32_t NumCompareVectors(const Number* a, const Number* b) {

@@ -66,14 +66,12 @@ PAIR_VECTOR int32_t NumRoundVectors(Number* result, const Number* source, int32_
     const __m128i rounded = Carry(_mm_add_epi8(parts.pairs, Row(row.add)), 0);
     const __m128i whole = _mm_and_si128(rounded, Row(row.keep));
     const __m128i tens = _mm_and_si128(TensOf(rounded), Row(row.keepTens));
-    const int32_t length = StoreNumber(result, _mm_or_si128(whole, tens), parts.exponent + 1, parts.negative);
-    return length != kNumDeclined ? length : NumRoundPairs(result, source, decimals);
+    return StoreNumber(result, _mm_or_si128(whole, tens), parts.exponent + 1, parts.negative);
 }
 
 PAIR_VECTOR int32_t NumPackLimbsVectors(Number* num, const uint32_t (&limbs)[3], bool negative, int32_t exponent) {
     const __m128i pairs = FromLimbs({{0, limbs[2], limbs[1], limbs[0]}});
-    const int32_t length = StoreNumber(num, pairs, exponent, static_cast<uint32_t>(negative));
-    return length != kNumDeclined ? length : NumPackLimbs(num, limbs, negative, exponent);
+    return StoreNumber(num, pairs, exponent, static_cast<uint32_t>(negative));
 }
 
 PAIR_VECTOR int32_t NumToAsciiVectors(const Number* num, char* buffer) {

@@ -7,7 +7,7 @@
 
 constexpr int32_t kNumDeclined = -1;
 
-// Room that the fast way of NumToAscii needs in the buffer: it writes in blocks, also behind the text.
+// The least width that the fast way of NumToAscii takes: it writes in blocks, also behind the text.
 constexpr int32_t kNumTextRoom = 64;
 
 #if defined(__x86_64__)
