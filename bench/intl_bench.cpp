@@ -41,8 +41,8 @@ class TextMaker {
             const uint32_t kind = Below(5);
             for (uint32_t left = 1 + Below(6); left > 0; --left) AppendJapanese(text, kind);
         }
-        while (text.size() > bytes) text.pop_back();
-        if (IntlStrLen(text.c_str()) > 0 && IntlStrLastChar(text.c_str()) < 0 && IsHalf(text)) text.back() = 'x';
+        text.resize(bytes);
+        if (EndsInHalf(text)) text.back() = 'x';
         return text;
     }
     std::string English(size_t bytes) {
@@ -68,9 +68,9 @@ class TextMaker {
   private:
     uint32_t Below(uint32_t limit) { return random_() % limit; }
 
-    static bool IsHalf(const std::string& text) {
-        const auto last = static_cast<unsigned char>(text.back());
-        return (last >= 0x81 && last <= 0x9F) || last >= 0xE0;
+    static bool EndsInHalf(const std::string& text) {
+        const auto last = static_cast<uint16_t>(IntlStrLastChar(text.c_str()));
+        return last > 0xFF00 && IntlIsKanji(static_cast<uint8_t>(last)) != 0;
     }
 
     void AppendJapanese(std::string& text, uint32_t kind) {
@@ -108,7 +108,6 @@ std::vector<std::string> MakeTexts(const std::function<std::string(TextMaker&)>&
 // ---- short texts --------------------------------------------------------------------------------------------------
 
 using Texts = std::shared_ptr<std::vector<std::string>>;
-using Operation = std::function<int64_t(const std::string&)>;
 
 template <class Body>
 void RunOver(benchmark::State& state, const Texts& texts, uint16_t language, Body operation) {

@@ -291,13 +291,12 @@ MORVL_API int32_t MORVL_CALL IntlFetchNextNumLong(int32_t* value, const char* te
 // IntlFetchNextNumDouble: reads the real number at the start of a text: white space, one sign, digits with at most one
 // point, and an exponent behind "e" or "E". The point is a point in every locale of the process. ".5" and "1." are
 // numbers, "1e" is none.
-//   value   out: the number, rounded to the nearest double; an infinity beyond the range of a double. Untouched when
-//   the
-//                result is 0, and for more than 99 bytes
+//   value   out: the number, rounded to the nearest double, an infinity beyond their range; untouched when the result
+//                is 0, and for more than 99 bytes
 //   text    in:  a text, or null
-// Result: the bytes used from the text's start; 0 for null and where no number stands; -1 for more than 99 bytes, and
-// where the value comes out as 0 although more stands there than a sign and a zero, with the 0 stored: "1e-999", but
-// also " 0", for its blank, and any number behind a double-byte blank.
+// Result: the bytes used from the text's start; 0 for null and where no number stands; -1 for more than 99 bytes, and,
+// with the 0 stored, for a value that comes out as 0 although the bytes used are not all signs, zeros, point and "e":
+// so for "1e-999", but also for " 0", and for any number behind a double-byte blank.
 MORVL_API int32_t MORVL_CALL IntlFetchNextNumDouble(double* value, const char* text);
 
 // ---- Japanese width ---------------------------------------------------------------------------------------------

@@ -1,11 +1,11 @@
-// Blocks of text as vectors of 16 bytes, and what is true of their bytes as masks: bit i of a mask stands for byte i of
-// the block. For processors with SSE2; walk_plain.cpp and width.cpp hold what all others run.
+// Blocks of text as vectors of 16 bytes, and what is true of their bytes as masks: bit i of a mask stands for byte i.
+// For processors with SSE2; all others run walk_plain.cpp alone.
 //
-// Where characters start. A byte that can't be a lead always ends a character, so the first byte of each row of
+// Where characters start: a byte that can't be a lead always ends a character, so the first byte of each row of
 // lead-valued bytes starts one, and in the row every other byte, from the first, is a lead and the one behind it its
-// trail. With rows as runs of set bits: adding its first bit to a run carries through it and leaves zeros, so that one
-// addition of the first bits at even places tells, for all runs at once, which start at an even place and which at an
-// odd one; of the former the even bits are leads, of the latter the odd bits.
+// trail. With rows as runs of set bits: adding its first bit to a run carries through it and leaves zeros. So one
+// addition, of the first bits that stand at even places, tells for all runs at once which start at an even place and
+// which at an odd one. Of the former the even bits are leads, of the latter the odd ones.
 #pragma once
 
 #include <emmintrin.h>

@@ -68,8 +68,7 @@ IntlStretch WalkChars(const char* text, size_t maxChars) {
     }
 }
 
-// Most texts fit in one window, where both ends of the range are found at once. A start or an end beyond it is walked
-// to.
+// Most texts fit in one window, where both ends of the range are found at once. To an end beyond it, it walks.
 IntlRange FindRange(const char* text, size_t start, size_t maxChars) {
     if (!gIntlLeadInterval.isKnown) return plain::FindRange(text, start, maxChars);
     const Window<uint64_t> window(text);
@@ -100,7 +99,7 @@ size_t CountChars(const char* text, size_t bytes) {
     for (size_t seen = 0; window.At() < end; seen = window.Advance()) {
         uint64_t inText = window.InText();
         const auto left = static_cast<size_t>(end - window.At());
-        if (left < window.kBytes) inText &= (uint64_t{1} << left) - 1;
+        if (left < Window<uint64_t>::kBytes) inText &= (uint64_t{1} << left) - 1;
         const uint64_t leadValued = FourBlocks(window.At()).Mask(isLead) & inText;
         chars += static_cast<size_t>(CountUpToEachByte(inText & ~trails.Next(leadValued, seen)) >> 56);
     }
