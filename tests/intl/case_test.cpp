@@ -46,7 +46,12 @@ TEST(CaseJapanese, Proper) {
         {__LINE__, "\x82\x81\x82\x82", "\x82\x60\x82\x82", 2},                      // full-width a, b
         {__LINE__, "x\x81\x40yZ \x82\x9A", "X\x81\x40Yz \x82\x79", 6},              // behind a double-byte blank
         {__LINE__, "\x83\x8E \x83\x95 \x83\x96", "\x83\x8F \x83\x4A \x83\x50", 5},  // small kana come back large
-        {__LINE__, "\x83\x4B\x82\xA0 \x82\xA0z", "\x83\x4B\x82\xA0 \x82\xA0z", 5},  // no half-width letter
+        {__LINE__,
+         "\x83\x4B\x82\xA0 \x82\xA0"
+         "b",
+         "\x83\x4B\x82\xA0 \x82\xA0"
+         "b",
+         5},  // no half-width letter
         {__LINE__, "\xB1z z\x82", "\xB1z Z\x82", 5},
         {__LINE__, "\x83\x61\x83\x41", "\x83\x61\x83\x41", 2},  // trail bytes that look like letters
     };
@@ -80,7 +85,9 @@ TEST(CaseJapanese, FoldOneCharacter) {
         {"Z\x82", 'Z', 'z'},
         {"", 0, 0},
         {"\x82", 0x82, 0x82},
-        {"\x82\x81z", 0x8260, 0x8281},
+        {"\x82\x81"
+         "b",
+         0x8260, 0x8281},
         {"\x83\x61", 0x8361, 0x8361},
         {"\x83\xBF", 0x839F, 0x83BF},  // alpha
         {"\x84\x91", 0x8460, 0x8491},  // the last Cyrillic letter

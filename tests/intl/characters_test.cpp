@@ -121,12 +121,12 @@ struct NthCase {
 TEST(CharactersJapanese, NthCharacterAndByte) {
     const TestLanguage language(kJapanese);
     const char* text =
-        "A\x82\xA0Z"
-        ";
-        constexpr NthCase kCases[] = {
-            {INT32_MIN, 0, 0, -1}, {-1, 0, 0, -1}, {0, 0, 0, 0},  {1, 1, 1, 1},          {2, 0, 2, 3},
-            {3, 0, 0, 4},          {4, 0, 0, -1},  {5, 0, 0, -1}, {INT32_MAX, 0, 0, -1},
-        };
+        "A\x82\xA0"
+        "B";
+    constexpr NthCase kCases[] = {
+        {INT32_MIN, 0, 0, -1}, {-1, 0, 0, -1}, {0, 0, 0, 0},  {1, 1, 1, 1},          {2, 0, 2, 3},
+        {3, 0, 0, 4},          {4, 0, 0, -1},  {5, 0, 0, -1}, {INT32_MAX, 0, 0, -1},
+    };
     for (const NthCase& c : kCases) {
         EXPECT_EQ(IntlIsNthCharDB(text, c.n), c.charIsDouble) << c.n;
         EXPECT_EQ(IntlIsNthByteDB(text, c.n), c.byteIs) << c.n;

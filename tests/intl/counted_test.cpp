@@ -50,7 +50,9 @@ TEST(Counted, LeftAndRight) {
 
 TEST(CountedJapanese, LeftAndRight) {
     const TestLanguage language(kJapanese);
-    const char* text = "a\x82\xA0z";
+    const char* text =
+        "a\x82\xA0"
+        "b";
     const EndCase cases[] = {
         {__LINE__, IntlStrLeft, text, 2, "a\x82\xA0", 2},
         {__LINE__, IntlStrLeft, text, kMax, text, 3},
@@ -63,12 +65,18 @@ TEST(CountedJapanese, LeftAndRight) {
         {__LINE__, IntlStrLeftB, text, kMin, "", 0},
         {__LINE__, IntlStrLeftB, "a\x82", 2, "a\x82", 2},
         {__LINE__, IntlStrLeftB, "\x82\x82\x82\x82", 3, "\x82\x82 ", 3},
-        {__LINE__, IntlStrRight, text, 2, "\x82\xA0z", 2},
+        {__LINE__, IntlStrRight, text, 2,
+         "\x82\xA0"
+         "b",
+         2},
         {__LINE__, IntlStrRight, text, kMax, text, 3},
         {__LINE__, IntlStrRight, text, kMin, "", 0},
         {__LINE__, IntlStrRight, "", 1, "", 0},
-        {__LINE__, IntlStrRightB, text, 2, " z", 2},
-        {__LINE__, IntlStrRightB, text, 3, "\x82\xA0z", 3},
+        {__LINE__, IntlStrRightB, text, 2, " b", 2},
+        {__LINE__, IntlStrRightB, text, 3,
+         "\x82\xA0"
+         "b",
+         3},
         {__LINE__, IntlStrRightB, text, kMax, text, 4},
         {__LINE__, IntlStrRightB, text, 0, "", 0},
         {__LINE__, IntlStrRightB, "", 1, "", 0},
@@ -121,23 +129,33 @@ TEST(CountedJapanese, Mid) {
     constexpr MidCase kCases[] = {
         {__LINE__, IntlStrMid, 1, 1, "\x82\xA0", 1},
         {__LINE__, IntlStrMid, -1, 2, "a\x82\xA0", 2},
-        {__LINE__, IntlStrMid, 1, kMax, "\x82\xA0z", 2},
+        {__LINE__, IntlStrMid, 1, kMax,
+         "\x82\xA0"
+         "b",
+         2},
         {__LINE__, IntlStrMid, 1, 0, "", 0},
         {__LINE__, IntlStrMid, 1, -1, "", 0},
         {__LINE__, IntlStrMid, 3, 1, "", 0},
         {__LINE__, IntlStrMid, kMax, kMax, "", 0},
         {__LINE__, IntlStrMidB, 1, 1, " ", 1},  // a lead byte with room for one
         {__LINE__, IntlStrMidB, 2, 1, " ", 1},  // a trail byte
-        {__LINE__, IntlStrMidB, 2, 2, " z", 2},
+        {__LINE__, IntlStrMidB, 2, 2, " b", 2},
         {__LINE__, IntlStrMidB, 0, 2, "a ", 2},
         {__LINE__, IntlStrMidB, 1, 2, "\x82\xA0", 2},
         {__LINE__, IntlStrMidB, -5, 3, "a\x82\xA0", 3},
         {__LINE__, IntlStrMidB, 4, 1, "", 0},
         {__LINE__, IntlStrMidB, kMax, 1, "", 0},
         {__LINE__, IntlStrMidB, 1, -1, "", 0},
-        {__LINE__, IntlStrMidB, 0, kMax, "a\x82\xA0z", 4},
+        {__LINE__, IntlStrMidB, 0, kMax,
+         "a\x82\xA0"
+         "b",
+         4},
     };
-    for (const MidCase& c : kCases) ExpectMid("a\x82\xA0z", c);
+    for (const MidCase& c : kCases)
+        ExpectMid(
+            "a\x82\xA0"
+            "b",
+            c);
     ExpectMid("\x82\xA0\x83\x5C", {__LINE__, IntlStrMidB, 1, 2, "  ", 2});  // a half at both ends
     ExpectMid("\x82\xA0\x82", {__LINE__, IntlStrMidB, 1, 2, " \x82", 2});
 }
@@ -182,19 +200,33 @@ TEST(Counted, Replace) {
 
 TEST(CountedJapanese, Replace) {
     const TestLanguage language(kJapanese);
-    const char* text = "a\x82\xA0z";
+    const char* text =
+        "a\x82\xA0"
+        "b";
     const ReplaceCase cases[] = {
-        {__LINE__, IntlStrReplace, text, "\x83\x5C\x83\x5C", 1, 1, "a\x83\x5C\x83\x5Cz", 4},
-        {__LINE__, IntlStrReplace, text, "x", 9, 0, "a\x82\xA0zx", 4},
-        {__LINE__, IntlStrReplace, text, "x", 2, -1, "a\x82\xA0xz", 4},
+        {__LINE__, IntlStrReplace, text, "\x83\x5C\x83\x5C", 1, 1,
+         "a\x83\x5C\x83\x5C"
+         "b",
+         4},
+        {__LINE__, IntlStrReplace, text, "x", 9, 0,
+         "a\x82\xA0"
+         "bx",
+         4},
+        {__LINE__, IntlStrReplace, text, "x", 2, -1, "a\x82\xA0xb", 4},
         {__LINE__, IntlStrReplace, text, "x", 1, kMax, "ax", 2},
-        {__LINE__, IntlStrReplace, text, "\x82", 1, 1, "a\x82z", 2},  // the half and the "z" are one character now
-        {__LINE__, IntlStrReplaceB, text, "x", 2, 0, "a x z", 5},
-        {__LINE__, IntlStrReplaceB, text, "x", 1, 1, "ax z", 4},
-        {__LINE__, IntlStrReplaceB, text, "x", 1, 2, "axz", 3},
-        {__LINE__, IntlStrReplaceB, text, "x", 2, 1, "a xz", 4},
-        {__LINE__, IntlStrReplaceB, text, "x", kMax, kMax, "a\x82\xA0zx", 5},
-        {__LINE__, IntlStrReplaceB, text, "x", -1, 2, "x z", 3},
+        {__LINE__, IntlStrReplace, text, "\x82", 1, 1,
+         "a\x82"
+         "b",
+         2},  // the half and the "b" are one character now
+        {__LINE__, IntlStrReplaceB, text, "x", 2, 0, "a x b", 5},
+        {__LINE__, IntlStrReplaceB, text, "x", 1, 1, "ax b", 4},
+        {__LINE__, IntlStrReplaceB, text, "x", 1, 2, "axb", 3},
+        {__LINE__, IntlStrReplaceB, text, "x", 2, 1, "a xb", 4},
+        {__LINE__, IntlStrReplaceB, text, "x", kMax, kMax,
+         "a\x82\xA0"
+         "bx",
+         5},
+        {__LINE__, IntlStrReplaceB, text, "x", -1, 2, "x b", 3},
         {__LINE__, IntlStrReplaceB, "\x82\xA0", "", 0, 1, " ", 1},
         {__LINE__, IntlStrReplaceB, "", "x", 0, 0, "x", 1},
     };
@@ -232,10 +264,27 @@ TEST(Counted, CopyFillsTheCount) {
 TEST(CountedJapanese, CopyFillsTheCount) {
     const TestLanguage language(kJapanese);
     const CopyCase cases[] = {
-        {__LINE__, "a\x82\xA0z", 0, ""},
-        {__LINE__, "a\x82\xA0z", 2, "a\x82\xA0"},
-        {__LINE__, "a\x82\xA0z", 3, "a\x82\xA0z"},
-        {__LINE__, "a\x82\xA0z", 4, std::string("a\x82\xA0z\0", 5)},
+        {__LINE__,
+         "a\x82\xA0"
+         "b",
+         0, ""},
+        {__LINE__,
+         "a\x82\xA0"
+         "b",
+         2, "a\x82\xA0"},
+        {__LINE__,
+         "a\x82\xA0"
+         "b",
+         3,
+         "a\x82\xA0"
+         "b"},
+        {__LINE__,
+         "a\x82\xA0"
+         "b",
+         4,
+         std::string("a\x82\xA0"
+                     "b\0",
+                     5)},
         {__LINE__, "\x82\xA0", 4, std::string("\x82\xA0\0\0\0", 5)},
         {__LINE__, "a\x82", 3, std::string("a\x82\0", 3)},
     };

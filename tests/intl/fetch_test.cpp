@@ -20,17 +20,26 @@ struct LongCase {
     int32_t used;
     int32_t value;  // where used is not 0
 };
-// clang-format off
 constexpr LongCase kLongs[] = {
-    {__LINE__, "  -12x", 5, -12}, {__LINE__, "+", 0, 0}, {__LINE__, "-", 0, 0}, {__LINE__, "", 0, 0},
-    {__LINE__, "  ", 0, 0}, {__LINE__, "x1", 0, 0}, {__LINE__, "+-1", 0, 0}, {__LINE__, "- 1", 0, 0},
-    {__LINE__, "0", 1, 0}, {__LINE__, "-0", 2, 0}, {__LINE__, "\t\n\v\f\r +7.5", 8, 7},
-    {__LINE__, "2147483647", 10, INT32_MAX}, {__LINE__, "-2147483647", 11, -INT32_MAX},
-    {__LINE__, "2147483648", 0, 0}, {__LINE__, "-2147483648", 0, 0},
+    {__LINE__, "  -12x", 5, -12},
+    {__LINE__, "+", 0, 0},
+    {__LINE__, "-", 0, 0},
+    {__LINE__, "", 0, 0},
+    {__LINE__, "  ", 0, 0},
+    {__LINE__, "x1", 0, 0},
+    {__LINE__, "+-1", 0, 0},
+    {__LINE__, "- 1", 0, 0},
+    {__LINE__, "0", 1, 0},
+    {__LINE__, "-0", 2, 0},
+    {__LINE__, "\t\n\v\f\r +7.5", 8, 7},
+    {__LINE__, "2147483647", 10, INT32_MAX},
+    {__LINE__, "-2147483647", 11, -INT32_MAX},
+    {__LINE__, "2147483648", 0, 0},
+    {__LINE__, "-2147483648", 0, 0},
     {__LINE__, "4294967297", 0, 0},  // would come back as 1
-    {__LINE__, "99999999999", 0, 0}, {__LINE__, "00000000000012", 14, 12},
+    {__LINE__, "99999999999", 0, 0},
+    {__LINE__, "00000000000012", 14, 12},
 };
-// clang-format on
 
 void ExpectLong(const LongCase& c) {
     const testing::ScopedTrace row(__FILE__, c.line, c.text);
@@ -42,10 +51,9 @@ void ExpectLong(const LongCase& c) {
 TEST(Fetch, Long) {
     for (const LongCase& c : kLongs) ExpectLong(c);
     ExpectLong({__LINE__,
-                "\x81@1"
-                ",
-                0,
-                0});
+                "\x81\x40"
+                "1",
+                0, 0});
     int32_t value = 4711;
     EXPECT_EQ(IntlFetchNextNumLong(&value, nullptr), 0);
 }
@@ -72,24 +80,38 @@ void ExpectDouble(const DoubleCase& c) {
 }
 
 TEST(Fetch, Double) {
-    // clang-format off
     const DoubleCase cases[] = {
-        {__LINE__, ".5", 2, 0.5}, {__LINE__, "1.e3", 4, 1000.0}, {__LINE__, "1e", 0, kUnwritten},
-        {__LINE__, "1e+", 0, kUnwritten}, {__LINE__, ".", 0, kUnwritten}, {__LINE__, "-.", 0, kUnwritten},
-        {__LINE__, "+.5x", 3, 0.5}, {__LINE__, "", 0, kUnwritten}, {__LINE__, "x", 0, kUnwritten},
-        {__LINE__, "--1", 0, kUnwritten}, {__LINE__, "1.", 2, 1.0}, {__LINE__, "1.5.5", 3, 1.5},
-        {__LINE__, " \t-12.25E-1 ", 11, -1.225}, {__LINE__, "0.1", 3, 0.1}, {__LINE__, "0.0e0", 5, 0.0},
-        {__LINE__, "-0", 2, 0.0}, {__LINE__, "0e00", 4, 0.0}, {__LINE__, "1e-999", -1, 0.0},
-        {__LINE__, "-1e-999", -1, 0.0}, {__LINE__, "0e5", -1, 0.0},  // no written zero, for the 5
-        {__LINE__, " 0", -1, 0.0},  // nor this, for the blank
-        {__LINE__, "1e999", 5, kInfinity}, {__LINE__, "-1e999", 6, -kInfinity},
+        {__LINE__, ".5", 2, 0.5},
+        {__LINE__, "1.e3", 4, 1000.0},
+        {__LINE__, "1e", 0, kUnwritten},
+        {__LINE__, "1e+", 0, kUnwritten},
+        {__LINE__, ".", 0, kUnwritten},
+        {__LINE__, "-.", 0, kUnwritten},
+        {__LINE__, "+.5x", 3, 0.5},
+        {__LINE__, "", 0, kUnwritten},
+        {__LINE__, "x", 0, kUnwritten},
+        {__LINE__, "--1", 0, kUnwritten},
+        {__LINE__, "1.", 2, 1.0},
+        {__LINE__, "1.5.5", 3, 1.5},
+        {__LINE__, " \t-12.25E-1 ", 11, -1.225},
+        {__LINE__, "0.1", 3, 0.1},
+        {__LINE__, "0.0e0", 5, 0.0},
+        {__LINE__, "-0", 2, 0.0},
+        {__LINE__, "0e00", 4, 0.0},
+        {__LINE__, "1e-999", -1, 0.0},
+        {__LINE__, "-1e-999", -1, 0.0},
+        {__LINE__, "0e5", -1, 0.0},  // no written zero, for the 5
+        {__LINE__, " 0", -1, 0.0},   // nor this, for the blank
+        {__LINE__, "1e999", 5, kInfinity},
+        {__LINE__, "-1e999", 6, -kInfinity},
         {__LINE__, "1.7976931348623157e308", 22, std::numeric_limits<double>::max()},
         {__LINE__, "4.9406564584124654e-324", 23, std::numeric_limits<double>::denorm_min()},
-        {__LINE__, "inf", 0, kUnwritten}, {__LINE__, "1" + std::string(98, '0'), 99, 1e98},
-        {__LINE__, "1" + std::string(99, '0'), -1, kUnwritten}, {__LINE__, std::string(100, '0'), -1, kUnwritten},
+        {__LINE__, "inf", 0, kUnwritten},
+        {__LINE__, "1" + std::string(98, '0'), 99, 1e98},
+        {__LINE__, "1" + std::string(99, '0'), -1, kUnwritten},
+        {__LINE__, std::string(100, '0'), -1, kUnwritten},
         {__LINE__, std::string(98, ' ') + "7", 99, 7.0},
     };
-    // clang-format on
     for (const DoubleCase& c : cases) ExpectDouble(c);
     double value = kUnwritten;
     EXPECT_EQ(IntlFetchNextNumDouble(&value, nullptr), 0);
@@ -99,10 +121,9 @@ TEST(FetchJapanese, Double) {
     const TestLanguage language(kJapanese);
     ExpectDouble({__LINE__, " 1.5\x81\x40", 4, 1.5});
     ExpectDouble({__LINE__,
-                  "\x81@1.5"
-                  ",
-                      - 1,
-                  0.0});  // stepped over, and then no part of a number
+                  "\x81\x40"
+                  "1.5",
+                  -1, 0.0});  // stepped over, and then no part of a number
 }
 
 }  // namespace

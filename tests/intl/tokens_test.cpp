@@ -102,22 +102,34 @@ void ExpectCommonAndSpecial() {
 TEST(Tokens, Table) {
     ExpectCommonAndSpecial();
     ExpectToken({__LINE__, kPlain, "\x83,b", "", ",", 0, 0, "\x83", 1});
-    ExpectToken({__LINE__, kPlain, "a\x82z", "", "\x82", 0, 0, "a", 1});
+    ExpectToken({__LINE__, kPlain,
+                 "a\x82"
+                 "b",
+                 "", "\x82", 0, 0, "a", 1});
 }
 
 TEST(TokensJapanese, Table) {
     const TestLanguage language(kJapanese);
     ExpectCommonAndSpecial();
     constexpr TokenCase kCases[] = {
-        {__LINE__, kPlain, "\x83\x5C\\z", "", "\\", 0, 0, "\x83\x5C", 2},  // a trail byte is no delimiter
-        {__LINE__, kPlain, "\x83,z,c", "", ",", 0, 0, "\x83,z", 3},
-        {__LINE__, kNested, "(\x83),a),z", "", ",", 0, 0, "(\x83),a)", 6},
-        {__LINE__, kNested, "\x83(,z", "", ",", 0, 0, "\x83(", 2},
-        {__LINE__, kQuoted, "\x83\",z\",c", "", ",", 0, 0, "\x83\"", 2},
+        {__LINE__, kPlain, "\x83\x5C\\b", "", "\\", 0, 0, "\x83\x5C", 2},  // a trail byte is no delimiter
+        {__LINE__, kPlain, "\x83,b,c", "", ",", 0, 0, "\x83,b", 3},
+        {__LINE__, kNested, "(\x83),a),b", "", ",", 0, 0, "(\x83),a)", 6},
+        {__LINE__, kNested, "\x83(,b", "", ",", 0, 0, "\x83(", 2},
+        {__LINE__, kQuoted, "\x83\",b\",c", "", ",", 0, 0, "\x83\"", 2},
         {__LINE__, kPlain, "\x82\xA0\x82", "", "\x82", 0, 0, "\x82\xA0", 2},  // a lead byte matches at the end alone
-        {__LINE__, kPlain, "\x82\xA0z", "\x82", "z", 0, 0, "\xA0", 2},        // the skip set is of bytes
-        {__LINE__, kPlain, "\x82\xA0z", "", "z", 0x82, 0, "\xA0", 2},         // and so is the lead character
-        {__LINE__, kPlain, "\x82\xA0\xB1z", "", "\xB1\xA0", 0, 0, "\x82\xA0", 2},
+        {__LINE__, kPlain,
+         "\x82\xA0"
+         "b",
+         "\x82", "b", 0, 0, "\xA0", 2},  // the skip set is of bytes
+        {__LINE__, kPlain,
+         "\x82\xA0"
+         "b",
+         "", "b", 0x82, 0, "\xA0", 2},  // and so is the lead character
+        {__LINE__, kPlain,
+         "\x82\xA0\xB1"
+         "b",
+         "", "\xB1\xA0", 0, 0, "\x82\xA0", 2},
     };
     for (const TokenCase& c : kCases) ExpectToken(c);
 }

@@ -22,9 +22,9 @@ TEST(WalkJapanese, StayInThePage) {
         char* text = end - 1 - length;
         if (length > 0)
             *text =
-                "\x82\xA0x\x82"
-                "[length % 4];
-                ExpectSameWalks(text);
+                "\x82\xA0"
+                "a\x82"[length % 4];
+        ExpectSameWalks(text);
     }
     munmap(pages, 2 * page);
 }

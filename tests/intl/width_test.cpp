@@ -61,9 +61,9 @@ TEST(WidthJapanese, BothWays) {
     std::string full;
     for (int round = 0; round < 12; ++round) {
         half +=
-            "\xB6\xDEx\x82\xA0\xCA\xDF"
-            ";
-            full += "\x83\x4B\x82\x98\x82\xA0\x83\x70";
+            "\xB6\xDE"
+            "a\x82\xA0\xCA\xDF";
+        full += "\x83\x4B\x82\x81\x82\xA0\x83\x70";
         ExpectBothWays({__LINE__, half.c_str(), full.c_str(), half.c_str()});
     }
 }
@@ -103,10 +103,12 @@ TEST(WidthKorean, TheLengthIsThatOfTheResult) {
     EXPECT_EQ(IntlStrJapanFull(destination, "a\xB0\xA1"), 2);
     EXPECT_EQ(destination.Text(), "\x82\x81\xB0\xA1");
     EXPECT_EQ(IntlStrJapanHalf(destination,
-                               "\x83\x41x""),
+                               "\x83\x41"
+                               "a"),
               1);  // the half-width byte leads a character here
     EXPECT_EQ(destination.Text(),
-              "\xB1x"");
+              "\xB1"
+              "a");
 }
 
 TEST(WidthTables, AreInverseButForTheSmallKana) {
