@@ -55,7 +55,7 @@ std::string TextOf(Form form, const DatDef& date) {
                           date.Year);
             break;
         case kShort: std::snprintf(text, sizeof text, "%d/%d/%02d", date.Month, date.Day, date.Year % 100); break;
-        case kTime: std::snprintf(text, sizeof text, "%d:%02d:%02d PM", date.Month, date.Day, date.Day * 2 - 1); break;
+        case kTime: std::snprintf(text, sizeof text, "%d:%02d:%02d PM", date.Month, date.Day, date.Day + 20); break;
         case kEra:
             std::snprintf(text, sizeof text, "%s%02d%s%02d%s%02d%s", kHeisei, date.Year - 1988, kYearMark, date.Month,
                           kMonthMark, date.Day, kDayMark);

@@ -7,6 +7,7 @@
 
 #include "calendar.h"
 #include "date_block.h"
+#include "match_cursors.h"
 
 namespace {
 
@@ -65,12 +66,16 @@ static_assert(sizeof kNumberFields / sizeof kNumberFields[0] == DPE_HOUR24 - DPE
 constexpr uint32_t kLastYear = 9999;
 constexpr uint32_t kFullYears = 100;  // smaller years are two digits of one
 
+// A match of a text with a picture; the cursors decide whether both are lists.
+template <typename Cursor>
 class DateMatch {
   public:
-    DateMatch(DatePicElement* value, DatePicElement* picture, const FMTRegion& region, int32_t type)
+    DateMatch(const typename Cursor::Source& value, const typename Cursor::Source& picture, const FMTRegion& region,
+              int32_t type)
         : value_(value), picture_(picture), region_(region), type_(type) {}
 
     bool Run();
+    bool Declined() const { return value_.Declined() || picture_.Declined(); }
     void Store(FMTCntlBlock* block) const;
 
   private:
@@ -86,48 +91,36 @@ class DateMatch {
     Step MatchYear4();
     Step MatchAmPm();
     Step MatchNumber(const NumberField& rule);
+    bool DateExists() const;
 
-    bool ValueIs(int32_t type) const { return value_ != nullptr && value_->ElementType == type; }
+    bool ValueIs(int32_t type) const { return !value_.AtEnd() && value_.Type() == type; }
     bool HasSeen(Seen what) const { return (seen_ & what) != 0; }
     Step Take(Field field, uint32_t number, int seen);
 
-    DatePicElement* value_;    // null behind the end
-    DatePicElement* picture_;  // null behind the end
+    Cursor value_;
+    Cursor picture_;
     const FMTRegion& region_;
     int32_t type_;
     int32_t fields_[kFields] = {1, 1, 1900, 0, 0, 0, 0};
-    char dayName_[16] = {};
     int seen_ = 0;
+    int32_t dayCode_ = 0;
+    char dayName_[16] = {};
 };
 
-// Blanks, and texts of nothing else.
-bool IsFiller(const DatePicElement* element) {
-    if (element->ElementType == DPE_SPACE) return true;
-    return element->ElementType == DPE_TEXT && *IntlStripStartSpace(element->Value.Text) == 0;
-}
-
-// Steps a cursor over filler.
-DatePicElement* SkipFiller(DatePicElement* element) {
-    while (element != nullptr && IsFiller(element)) element = element->Next;
-    return element;
-}
-
-bool DateMatch::Run() {
-    for (;;) {
-        picture_ = SkipFiller(picture_);
-        value_ = SkipFiller(value_);
-        if (picture_ == nullptr) break;
+template <typename Cursor>
+bool DateMatch<Cursor>::Run() {
+    for (; !picture_.AtEnd(); picture_.Step()) {
         const Step step = MatchElement();
         if (step == Step::kFails) return false;
-        if (step == Step::kTaken && value_ != nullptr) value_ = value_->Next;
-        picture_ = picture_->Next;
+        if (step == Step::kTaken && !value_.AtEnd()) value_.Step();
     }
-    if (value_ != nullptr) return false;
-    return type_ == kTypeTime || FMTIsValidDate(fields_[kMonth], fields_[kDay], fields_[kYear], dayName_) != 0;
+    return value_.AtEnd() && (type_ == kTypeTime || DateExists());
 }
 
-DateMatch::Step DateMatch::MatchElement() {
-    switch (picture_->ElementType) {
+template <typename Cursor>
+typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchElement() {
+    const int32_t type = picture_.Type();
+    switch (type) {
         case DPE_NUMBER: return Step::kTaken;  // pictures have none, but by a switch of the scanner's state
         case DPE_TEXT: return MatchText();
         case DPE_SEPARATOR: return MatchSeparator();
@@ -138,73 +131,79 @@ DateMatch::Step DateMatch::MatchElement() {
         case DPE_YEAR2: return MatchYear2();
         case DPE_YEAR4: return MatchYear4();
         case DPE_AMPM: return MatchAmPm();
-        default: return MatchNumber(kNumberFields[picture_->ElementType - DPE_DAY]);
+        default: return MatchNumber(kNumberFields[type - DPE_DAY]);
     }
 }
 
-DateMatch::Step DateMatch::MatchText() {
+template <typename Cursor>
+typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchText() {
     if (!ValueIs(DPE_TEXT)) return Step::kFails;
-    const char* wanted = IntlStrStripSpace(picture_->Value.Text);
-    const char* given = IntlStrStripSpace(value_->Value.Text);
+    const char* wanted = IntlStrStripSpace(picture_.Text());
+    const char* given = IntlStrStripSpace(value_.Text());
     return lstrcmpiA(wanted, given) == 0 ? Step::kTaken : Step::kFails;
 }
 
 // Any separator stands for any other. Where the text has none it may be left out, but not in a time on the 24-hour
 // clock: "13 30" is no time.
-DateMatch::Step DateMatch::MatchSeparator() {
-    if (value_ == nullptr || ValueIs(DPE_SEPARATOR)) return Step::kTaken;
+template <typename Cursor>
+typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchSeparator() {
+    if (value_.AtEnd() || ValueIs(DPE_SEPARATOR)) return Step::kTaken;
     return type_ != kTypeDate && HasSeen(k24HourSeen) ? Step::kFails : Step::kPassedOver;
 }
 
-DateMatch::Step DateMatch::MatchWeekday() {
-    if (!ValueIs(DPE_TEXT) || FMTFindDayName(value_->Value.Text) == 0) return Step::kFails;
-    lstrcpynA(dayName_, value_->Value.Text, sizeof dayName_);
+template <typename Cursor>
+typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchWeekday() {
+    if (!ValueIs(DPE_TEXT)) return Step::kFails;
+    const char* name = value_.Text();
+    dayCode_ = FMTFindDayName(name);
+    if (dayCode_ == 0) return Step::kFails;
+    lstrcpynA(dayName_, name, sizeof dayName_);
     return Step::kTaken;
 }
 
 // A month's name, or a name to which the picture's next text is glued: "4 Janta" under "d MMM'ta'".
-DateMatch::Step DateMatch::MatchMonthName() {
+template <typename Cursor>
+typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchMonthName() {
     if (!ValueIs(DPE_TEXT)) return Step::kFails;
-    int32_t month = FMTFindMonthName(value_->Value.Text);
-    if (month == 0) {
-        DatePicElement* glued = picture_->Next;
-        if (glued == nullptr || glued->ElementType != DPE_TEXT) return Step::kFails;
-        month = FMTFindMonthWithSuffix(value_->Value.Text, glued->Value.Text);
-        if (month == 0) return Step::kFails;
-        picture_ = glued;
-    }
-    return Take(kMonth, static_cast<uint32_t>(month), kDateSeen);
+    const char* name = value_.Text();
+    int32_t month = FMTFindMonthName(name);
+    if (month == 0 && picture_.StepToText()) month = FMTFindMonthWithSuffix(name, picture_.Text());
+    return month != 0 ? Take(kMonth, static_cast<uint32_t>(month), kDateSeen) : Step::kFails;
 }
 
 uint32_t WithCentury(uint32_t year) {
     return year + static_cast<uint32_t>(FMTCenturyFor(static_cast<int32_t>(year)));
 }
 
-DateMatch::Step DateMatch::MatchYear2() {
+template <typename Cursor>
+typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchYear2() {
     if (!ValueIs(DPE_NUMBER)) return Step::kFails;
-    const uint32_t year = value_->Value.Number;
+    const uint32_t year = value_.Number();
     if (year > kLastYear) return Step::kFails;
     return Take(kYear, year < kFullYears ? WithCentury(year) : year, kDateSeen);
 }
 
-DateMatch::Step DateMatch::MatchYear4() {
+template <typename Cursor>
+typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchYear4() {
     if (!ValueIs(DPE_NUMBER)) return Step::kFails;
-    const bool isWrittenOut = (value_->Value.Number & kFullYearMark) == kFullYearMark;
-    if (isWrittenOut) value_->Value.Number &= ~kFullYearMark;  // a later match of the list sees a plain number
-    const uint32_t year = value_->Value.Number;
+    const bool isWrittenOut = (value_.Number() & kFullYearMark) == kFullYearMark;
+    if (isWrittenOut) value_.SetNumber(value_.Number() & ~kFullYearMark);  // a later match sees a plain number
+    const uint32_t year = value_.Number();
     if (year > kLastYear) return Step::kFails;
     return Take(kYear, year < kFullYears && !isWrittenOut ? WithCentury(year) : year, kDateSeen);
 }
 
 // On the 12-hour clock the text can't leave it out.
-DateMatch::Step DateMatch::MatchAmPm() {
-    if (value_ == nullptr) return HasSeen(k12HourSeen) ? Step::kFails : Step::kTaken;
+template <typename Cursor>
+typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchAmPm() {
+    if (value_.AtEnd()) return HasSeen(k12HourSeen) ? Step::kFails : Step::kTaken;
     if (!ValueIs(DPE_TEXT)) return Step::kFails;
+    const char* half = value_.Text();
     int32_t& hour = fields_[kHour];
     const bool isHour = hour >= 1 && hour <= 12;
-    if (lstrcmpiA(value_->Value.Text, region_.AMString()) == 0) {
+    if (lstrcmpiA(half, region_.AMString()) == 0) {
         if (hour == 12) hour = 0;
-    } else if (lstrcmpiA(value_->Value.Text, region_.PMString()) == 0) {
+    } else if (lstrcmpiA(half, region_.PMString()) == 0) {
         if (hour != 12) hour += 12;
     } else {
         return Step::kFails;
@@ -212,23 +211,36 @@ DateMatch::Step DateMatch::MatchAmPm() {
     return isHour ? Step::kTaken : Step::kFails;
 }
 
-DateMatch::Step DateMatch::MatchNumber(const NumberField& rule) {
-    if (value_ == nullptr) return rule.need == Need::kNumber ? Step::kFails : Step::kTaken;
+template <typename Cursor>
+typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchNumber(const NumberField& rule) {
+    if (value_.AtEnd()) return rule.need == Need::kNumber ? Step::kFails : Step::kTaken;
     if (!ValueIs(DPE_NUMBER)) {
         return rule.need == Need::kSkippable && !HasSeen(k24HourSeen) ? Step::kPassedOver : Step::kFails;
     }
-    const uint32_t number = value_->Value.Number;
+    const uint32_t number = value_.Number();
     if (number < rule.least || number > rule.most) return Step::kFails;
     return Take(rule.field, number, rule.seen);
 }
 
-DateMatch::Step DateMatch::Take(Field field, uint32_t number, int seen) {
+template <typename Cursor>
+typename DateMatch<Cursor>::Step DateMatch<Cursor>::Take(Field field, uint32_t number, int seen) {
     fields_[field] = static_cast<int32_t>(number);
     seen_ |= seen;
     return Step::kTaken;
 }
 
-void DateMatch::Store(FMTCntlBlock* block) const {
+// A day name that was found under the date's own code needs no second look.
+template <typename Cursor>
+bool DateMatch<Cursor>::DateExists() const {
+    const int32_t month = fields_[kMonth];
+    const int32_t day = fields_[kDay];
+    const int32_t year = fields_[kYear];
+    const bool isItsName = dayCode_ != 0 && dayCode_ == FMTDayOfWeek(month, day, year);
+    return FMTIsValidDate(month, day, year, isItsName ? nullptr : dayName_) != 0;
+}
+
+template <typename Cursor>
+void DateMatch<Cursor>::Store(FMTCntlBlock* block) const {
     block->Month = fields_[kMonth];
     block->Day = fields_[kDay];
     block->Year = fields_[kYear];
@@ -241,15 +253,32 @@ void DateMatch::Store(FMTCntlBlock* block) const {
     SetFlag(block, kFlagUnpaddedHour, HasSeen(kUnpaddedHour));
 }
 
+// Eight bytes that are a single element would be read again with blanks between.
+bool MayBeReadAgain(const char* text) {
+    DateToken token;
+    return !QuickToken(text, kValueQuickBytes, &token) || (token.length == 8 && text[8] == 0);
+}
+
 }  // namespace
 
 int32_t FMTMatchDatePic(DatePicElement* valueList, DatePicElement* pictureList, FMTCntlBlock* block,
                         const FMTRegion& region) {
     if (valueList == nullptr || pictureList == nullptr) return 0;
-    DateMatch match(valueList, pictureList, region, block->Type);
+    DateMatch<ListCursor> match(valueList, pictureList, region, block->Type);
     if (!match.Run()) return 0;
     match.Store(block);
     return 1;
+}
+
+QuickVerdict QuickMatchDatePic(const char* text, const char* picture, FMTCntlBlock* block, const FMTRegion& region) {
+    if (picture == nullptr || *picture == 0) return QuickVerdict::kFails;
+    if (MayBeReadAgain(text)) return QuickVerdict::kDeclined;
+    DateMatch<ScanCursor> match({text, kValueQuickBytes}, {picture, kPictureQuickBytes}, region, block->Type);
+    const bool matches = match.Run();
+    if (match.Declined()) return QuickVerdict::kDeclined;
+    if (!matches) return QuickVerdict::kFails;
+    match.Store(block);
+    return QuickVerdict::kMatches;
 }
 
 int32_t FMTFindMonthWithSuffix(const char* word, const char* suffix) {

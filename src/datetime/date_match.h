@@ -13,5 +13,11 @@
 int32_t FMTMatchDatePic(DatePicElement* valueList, DatePicElement* pictureList, FMTCntlBlock* block,
                         const FMTRegion& region);
 
+// The fast path beneath it: the same match of the two texts themselves, without lists, where both consist of what most
+// texts and pictures consist of. It declines any other. A verdict on a text that has no list at all (a bad token behind
+// the point where the match fails) is kFails.
+enum class QuickVerdict : uint8_t { kDeclined, kFails, kMatches };
+QuickVerdict QuickMatchDatePic(const char* text, const char* picture, FMTCntlBlock* block, const FMTRegion& region);
+
 // The month, 1 to 12, whose name and `suffix` together make the word; 0 for any other word.
 int32_t FMTFindMonthWithSuffix(const char* word, const char* suffix);

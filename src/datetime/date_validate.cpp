@@ -1,5 +1,6 @@
 // Reading a date or time by whatever picture fits it.
 #include <cstring>
+#include <optional>
 
 #include <morvl15/datetime.h>
 #include <morvl15/host.h>
@@ -23,14 +24,15 @@ bool IsEmpty(const char* text) {
 // The attempts at one text. Each match that fails leaves the text's elements to the next.
 class DateReading {
   public:
-    DateReading(FMTCntlBlock* block, const FMTRegion& region)
-        : block_(block), region_(region), values_(block->Input, block->Type) {}
-
-    bool HasValues() const { return values_.First() != nullptr; }
+    DateReading(FMTCntlBlock* block, const FMTRegion& region) : block_(block), region_(region) {}
 
     bool Try(const char* picture) {
+        if (!values_) {
+            const QuickVerdict verdict = QuickMatchDatePic(block_->Input, picture, block_, region_);
+            if (verdict != QuickVerdict::kDeclined) return verdict == QuickVerdict::kMatches;
+        }
         const DatePicList elements(picture, kModePicture);
-        return FMTMatchDatePic(values_.First(), elements.First(), block_, region_) != 0;
+        return FMTMatchDatePic(Values(), elements.First(), block_, region_) != 0;
     }
 
     bool TryJoined(const char* date, const char* time) {
@@ -41,13 +43,21 @@ class DateReading {
     bool TryFreeForm() {
         char picture[kGuessedPicSize];
         const bool allowUs = region_.Country() == kUnitedStates;
-        return FMTGuessDatePic(block_->Input, block_->Type, picture, allowUs) != 0 && Try(picture);
+        return Values() != nullptr && FMTGuessDatePic(block_->Input, block_->Type, picture, allowUs) != 0 &&
+               Try(picture);
+    }
+
+    // The text's elements, null where the text has none and every attempt fails. They are read when the first attempt
+    // needs them; from then on all attempts work on them.
+    DatePicElement* Values() {
+        if (!values_) values_.emplace(block_->Input, block_->Type);
+        return values_->First();
     }
 
   private:
     FMTCntlBlock* block_;
     const FMTRegion& region_;
-    DatePicList values_;
+    std::optional<DatePicList> values_;
 };
 
 bool ReadTimeText(DateReading& reading, const FMTCntlBlock* block, const FMTRegion& region) {
@@ -85,9 +95,9 @@ int32_t MORVL_CALL FMTValidateDateTime(FMTCntlBlock* block) {
     const FMTRegion region(block);
     {
         DateReading reading(block, region);
-        if (!reading.HasValues()) return 0;
         if (block->Type == kTypeTime) return ReadTimeText(reading, block, region) ? 1 : 0;
         if (ReadDateText(reading, block, region)) return 1;
+        if (reading.Values() == nullptr) return 0;
     }
     if (IntlDBCSEnabled() == 0 || IntlNextDBCInStr(block->Input) == nullptr) return 0;
     return ReadEraText(block, region, false, block->Type == kTypeDateTime);

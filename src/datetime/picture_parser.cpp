@@ -8,67 +8,6 @@
 
 namespace {
 
-// ---- elements -------------------------------------------------------------------------------------------------------
-
-constexpr int32_t kLongestRun = 4;  // of the letters M, d and h
-
-constexpr int32_t kNoElement = -1;
-
-// A number's digits. A year written out in four digits below 0100 gets the mark.
-uint32_t NumberOf(const DateToken& token) {
-    uint32_t number = 0;
-    for (int i = 0; i < token.length; ++i) {
-        const auto digit = static_cast<uint32_t>(token.start[i] - '0');
-        if (number > (kNumberTooLarge - digit) / 10) return kNumberTooLarge;
-        number = number * 10 + digit;
-    }
-    const bool marked = token.length == 4 && token.start[0] == '0' && token.start[1] == '0';
-    return marked ? number | kFullYearMark : number;
-}
-
-constexpr int32_t RunCode(int32_t before, int32_t run) {
-    return run <= kLongestRun ? before + run : kNoElement;
-}
-
-constexpr int32_t HourCode(int32_t run) {
-    constexpr int32_t kCodes[kLongestRun] = {DPE_HOUR12, DPE_HOUR12_2, DPE_HOUR24, DPE_HOUR24_2};
-    return run <= kLongestRun ? kCodes[run - 1] : kNoElement;
-}
-
-int32_t CodeOf(const DateToken& token) {
-    switch (token.kind) {
-        case ScanToken::kNumber: return DPE_NUMBER;
-        case ScanToken::kWord:
-        case ScanToken::kQuoted: return DPE_TEXT;
-        case ScanToken::kSeparator: return DPE_SEPARATOR;
-        case ScanToken::kSpace: return DPE_SPACE;
-        case ScanToken::kDay: return RunCode(DPE_DAY - 1, token.length);
-        case ScanToken::kMonth: return RunCode(DPE_MONTH - 1, token.length);
-        case ScanToken::kYear: return token.length == 2 ? DPE_YEAR2 : DPE_YEAR4;
-        case ScanToken::kHour: return HourCode(token.length);
-        case ScanToken::kMinute: return DPE_MINUTE;
-        case ScanToken::kSecond: return DPE_SECOND;
-        case ScanToken::kMicrosecond: return DPE_MICROSECOND;
-        case ScanToken::kAmPm: return DPE_AMPM;
-        default: return kNoElement;
-    }
-}
-
-DateElement ElementOf(const DateToken& token) {
-    DateElement element{CodeOf(token), 0, token.start, token.length};
-    if (token.kind == ScanToken::kNumber) {
-        element.number = NumberOf(token);
-    } else if (token.kind == ScanToken::kSeparator) {
-        element.number = static_cast<unsigned char>(*token.start);
-    } else if (token.kind == ScanToken::kSpace) {
-        element.number = token.length;
-    } else if (token.kind == ScanToken::kQuoted) {
-        element.text += 1;
-        element.length -= 2;
-    }
-    return element;
-}
-
 // ---- lists ----------------------------------------------------------------------------------------------------------
 
 // Where elements and their texts are put: into the room that is given, then into blocks of MemAlloc.
@@ -178,7 +117,7 @@ bool DateElementReader::Read(DateElement* element) {
     const DateToken token = scanner_.Next();
     if (scanner_.ReachedShapes()) return Reject();  // by a switch inside the text: shapes have no elements
     if (token.kind == ScanToken::kEnd) return false;
-    *element = ElementOf(token);
+    FillDateElement(token, element);
     if (element->type == kNoElement) return Reject();
     any_ = true;
     return true;

@@ -60,6 +60,9 @@ class DateScanner {
     // The next token; kEnd for ever once the end is reached, a byte that no rule takes as kBad.
     DateToken Next();
 
+    // The same by the rules alone, without the fast path.
+    DateToken NextByRules();
+
     ScanState State() const { return state_; }
 
     void Enter(ScanState state) {
