@@ -94,8 +94,7 @@ int32_t FMTCenturyFor(int32_t twoDigits) {
     SYSTEMTIME now;
     GetSystemTime(&now);
     const int32_t century = now.wYear / 100;
-    const bool lateInCentury = now.wYear % 100 >= 50;
-    const bool lateYear = twoDigits >= 50;
-    if (lateInCentury == lateYear) return century * 100;
-    return (lateInCentury ? century + 1 : century - 1) * 100;
+    const int32_t lateInCentury = now.wYear % 100 >= 50 ? 1 : 0;
+    const int32_t lateYear = twoDigits >= 50 ? 1 : 0;
+    return (century + lateInCentury - lateYear) * 100;  // without a branch: years come in no order
 }

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "picture_scanner.h"
+#include "scan_tokens.h"
 
 // What an element is. Codes 4 to 13 are the date fields, 14 to 21 the time fields.
 enum DatePicCode : int32_t {
@@ -105,6 +105,7 @@ inline void FillDateElement(const DateToken& token, DateElement* element) {
     element->number = 0;
     element->text = token.start;
     element->length = token.length;
+    if (token.kind < ScanToken::kSeparator) return;  // a field
     if (token.kind == ScanToken::kNumber) {
         element->number = DateNumber(token);
     } else if (token.kind == ScanToken::kSeparator) {

@@ -66,16 +66,16 @@ static_assert(sizeof kNumberFields / sizeof kNumberFields[0] == DPE_HOUR24 - DPE
 constexpr uint32_t kLastYear = 9999;
 constexpr uint32_t kFullYears = 100;  // smaller years are two digits of one
 
-// A match of a text with a picture; the cursors decide whether both are lists.
-template <typename Cursor>
+// A match of a text with a picture, by a cursor on either.
+template <typename Value, typename Picture>
 class DateMatch {
   public:
-    DateMatch(const typename Cursor::Source& value, const typename Cursor::Source& picture, const FMTRegion& region,
-              int32_t type)
+    template <typename ValueStart, typename PictureStart>
+    DateMatch(ValueStart value, PictureStart picture, const FMTRegion& region, int32_t type)
         : value_(value), picture_(picture), region_(region), type_(type) {}
 
     bool Run();
-    bool Declined() const { return value_.Declined() || picture_.Declined(); }
+    bool Declined() const { return value_.Declined() || picture_.Declined(); }  // of scanning cursors
     void Store(FMTCntlBlock* block) const;
 
   private:
@@ -97,8 +97,8 @@ class DateMatch {
     bool HasSeen(Seen what) const { return (seen_ & what) != 0; }
     Step Take(Field field, uint32_t number, int seen);
 
-    Cursor value_;
-    Cursor picture_;
+    Value value_;
+    Picture picture_;
     const FMTRegion& region_;
     int32_t type_;
     int32_t fields_[kFields] = {1, 1, 1900, 0, 0, 0, 0};
@@ -107,8 +107,8 @@ class DateMatch {
     char dayName_[16] = {};
 };
 
-template <typename Cursor>
-bool DateMatch<Cursor>::Run() {
+template <typename Value, typename Picture>
+bool DateMatch<Value, Picture>::Run() {
     for (; !picture_.AtEnd(); picture_.Step()) {
         const Step step = MatchElement();
         if (step == Step::kFails) return false;
@@ -117,8 +117,8 @@ bool DateMatch<Cursor>::Run() {
     return value_.AtEnd() && (type_ == kTypeTime || DateExists());
 }
 
-template <typename Cursor>
-typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchElement() {
+template <typename Value, typename Picture>
+typename DateMatch<Value, Picture>::Step DateMatch<Value, Picture>::MatchElement() {
     const int32_t type = picture_.Type();
     switch (type) {
         case DPE_NUMBER: return Step::kTaken;  // pictures have none, but by a switch of the scanner's state
@@ -135,8 +135,8 @@ typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchElement() {
     }
 }
 
-template <typename Cursor>
-typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchText() {
+template <typename Value, typename Picture>
+typename DateMatch<Value, Picture>::Step DateMatch<Value, Picture>::MatchText() {
     if (!ValueIs(DPE_TEXT)) return Step::kFails;
     const char* wanted = IntlStrStripSpace(picture_.Text());
     const char* given = IntlStrStripSpace(value_.Text());
@@ -145,14 +145,14 @@ typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchText() {
 
 // Any separator stands for any other. Where the text has none it may be left out, but not in a time on the 24-hour
 // clock: "13 30" is no time.
-template <typename Cursor>
-typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchSeparator() {
+template <typename Value, typename Picture>
+typename DateMatch<Value, Picture>::Step DateMatch<Value, Picture>::MatchSeparator() {
     if (value_.AtEnd() || ValueIs(DPE_SEPARATOR)) return Step::kTaken;
     return type_ != kTypeDate && HasSeen(k24HourSeen) ? Step::kFails : Step::kPassedOver;
 }
 
-template <typename Cursor>
-typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchWeekday() {
+template <typename Value, typename Picture>
+typename DateMatch<Value, Picture>::Step DateMatch<Value, Picture>::MatchWeekday() {
     if (!ValueIs(DPE_TEXT)) return Step::kFails;
     const char* name = value_.Text();
     dayCode_ = FMTFindDayName(name);
@@ -162,8 +162,8 @@ typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchWeekday() {
 }
 
 // A month's name, or a name to which the picture's next text is glued: "4 Janta" under "d MMM'ta'".
-template <typename Cursor>
-typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchMonthName() {
+template <typename Value, typename Picture>
+typename DateMatch<Value, Picture>::Step DateMatch<Value, Picture>::MatchMonthName() {
     if (!ValueIs(DPE_TEXT)) return Step::kFails;
     const char* name = value_.Text();
     int32_t month = FMTFindMonthName(name);
@@ -175,16 +175,16 @@ uint32_t WithCentury(uint32_t year) {
     return year + static_cast<uint32_t>(FMTCenturyFor(static_cast<int32_t>(year)));
 }
 
-template <typename Cursor>
-typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchYear2() {
+template <typename Value, typename Picture>
+typename DateMatch<Value, Picture>::Step DateMatch<Value, Picture>::MatchYear2() {
     if (!ValueIs(DPE_NUMBER)) return Step::kFails;
     const uint32_t year = value_.Number();
     if (year > kLastYear) return Step::kFails;
     return Take(kYear, year < kFullYears ? WithCentury(year) : year, kDateSeen);
 }
 
-template <typename Cursor>
-typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchYear4() {
+template <typename Value, typename Picture>
+typename DateMatch<Value, Picture>::Step DateMatch<Value, Picture>::MatchYear4() {
     if (!ValueIs(DPE_NUMBER)) return Step::kFails;
     const bool isWrittenOut = (value_.Number() & kFullYearMark) == kFullYearMark;
     if (isWrittenOut) value_.SetNumber(value_.Number() & ~kFullYearMark);  // a later match sees a plain number
@@ -194,8 +194,8 @@ typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchYear4() {
 }
 
 // On the 12-hour clock the text can't leave it out.
-template <typename Cursor>
-typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchAmPm() {
+template <typename Value, typename Picture>
+typename DateMatch<Value, Picture>::Step DateMatch<Value, Picture>::MatchAmPm() {
     if (value_.AtEnd()) return HasSeen(k12HourSeen) ? Step::kFails : Step::kTaken;
     if (!ValueIs(DPE_TEXT)) return Step::kFails;
     const char* half = value_.Text();
@@ -211,8 +211,8 @@ typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchAmPm() {
     return isHour ? Step::kTaken : Step::kFails;
 }
 
-template <typename Cursor>
-typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchNumber(const NumberField& rule) {
+template <typename Value, typename Picture>
+typename DateMatch<Value, Picture>::Step DateMatch<Value, Picture>::MatchNumber(const NumberField& rule) {
     if (value_.AtEnd()) return rule.need == Need::kNumber ? Step::kFails : Step::kTaken;
     if (!ValueIs(DPE_NUMBER)) {
         return rule.need == Need::kSkippable && !HasSeen(k24HourSeen) ? Step::kPassedOver : Step::kFails;
@@ -222,16 +222,16 @@ typename DateMatch<Cursor>::Step DateMatch<Cursor>::MatchNumber(const NumberFiel
     return Take(rule.field, number, rule.seen);
 }
 
-template <typename Cursor>
-typename DateMatch<Cursor>::Step DateMatch<Cursor>::Take(Field field, uint32_t number, int seen) {
+template <typename Value, typename Picture>
+typename DateMatch<Value, Picture>::Step DateMatch<Value, Picture>::Take(Field field, uint32_t number, int seen) {
     fields_[field] = static_cast<int32_t>(number);
     seen_ |= seen;
     return Step::kTaken;
 }
 
 // A day name that was found under the date's own code needs no second look.
-template <typename Cursor>
-bool DateMatch<Cursor>::DateExists() const {
+template <typename Value, typename Picture>
+bool DateMatch<Value, Picture>::DateExists() const {
     const int32_t month = fields_[kMonth];
     const int32_t day = fields_[kDay];
     const int32_t year = fields_[kYear];
@@ -239,8 +239,8 @@ bool DateMatch<Cursor>::DateExists() const {
     return FMTIsValidDate(month, day, year, isItsName ? nullptr : dayName_) != 0;
 }
 
-template <typename Cursor>
-void DateMatch<Cursor>::Store(FMTCntlBlock* block) const {
+template <typename Value, typename Picture>
+void DateMatch<Value, Picture>::Store(FMTCntlBlock* block) const {
     block->Month = fields_[kMonth];
     block->Day = fields_[kDay];
     block->Year = fields_[kYear];
@@ -253,18 +253,12 @@ void DateMatch<Cursor>::Store(FMTCntlBlock* block) const {
     SetFlag(block, kFlagUnpaddedHour, HasSeen(kUnpaddedHour));
 }
 
-// Eight bytes that are a single element would be read again with blanks between.
-bool MayBeReadAgain(const char* text) {
-    DateToken token;
-    return !QuickToken(text, kValueQuickBytes, &token) || (token.length == 8 && text[8] == 0);
-}
-
 }  // namespace
 
 int32_t FMTMatchDatePic(DatePicElement* valueList, DatePicElement* pictureList, FMTCntlBlock* block,
                         const FMTRegion& region) {
     if (valueList == nullptr || pictureList == nullptr) return 0;
-    DateMatch<ListCursor> match(valueList, pictureList, region, block->Type);
+    DateMatch<ListCursor, ListCursor> match(valueList, pictureList, region, block->Type);
     if (!match.Run()) return 0;
     match.Store(block);
     return 1;
@@ -272,8 +266,7 @@ int32_t FMTMatchDatePic(DatePicElement* valueList, DatePicElement* pictureList, 
 
 QuickVerdict QuickMatchDatePic(const char* text, const char* picture, FMTCntlBlock* block, const FMTRegion& region) {
     if (picture == nullptr || *picture == 0) return QuickVerdict::kFails;
-    if (MayBeReadAgain(text)) return QuickVerdict::kDeclined;
-    DateMatch<ScanCursor> match({text, kValueQuickBytes}, {picture, kPictureQuickBytes}, region, block->Type);
+    DateMatch<ValueScanCursor, PictureScanCursor> match(text, picture, region, block->Type);
     const bool matches = match.Run();
     if (match.Declined()) return QuickVerdict::kDeclined;
     if (!matches) return QuickVerdict::kFails;

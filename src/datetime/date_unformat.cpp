@@ -9,26 +9,35 @@
 
 namespace {
 
-// The kind of value that a picture reads, a Type of the block; 0 for a picture without fields. One that starts with a
-// time field reads a time, whatever follows.
-int32_t FMTClassifyDatePic(const DatePicElement* pictureList) {
+// The kind of value that a picture reads, a Type of the block; 0 for a picture without fields and for none. One that
+// starts with a time field reads a time, whatever follows.
+int32_t FMTClassifyDatePic(const char* picture) {
     int32_t kind = 0;
-    for (const DatePicElement* element = pictureList; element != nullptr; element = element->Next) {
-        if (IsDateField(element->ElementType) && kind == 0) kind = kTypeDate;
-        if (IsTimeField(element->ElementType) && kind == 0) kind = kTypeTime;
-        if (IsTimeField(element->ElementType) && kind == kTypeDate) kind = kTypeDateTime;
+    DateElementReader reader(picture, ScanState::kPicture);
+    DateElement element;
+    while (reader.Read(&element)) {
+        if (IsDateField(element.type) && kind == 0) kind = kTypeDate;
+        if (IsTimeField(element.type) && kind == 0) kind = kTypeTime;
+        if (IsTimeField(element.type) && kind == kTypeDate) kind = kTypeDateTime;
     }
-    return kind;
+    return reader.Accepted() ? kind : 0;
+}
+
+// Matches the block's Input with a picture, by the block's Type.
+int32_t MatchInput(FMTCntlBlock* block, const FMTRegion& region, const char* picture) {
+    const QuickVerdict verdict = QuickMatchDatePic(block->Input, picture, block, region);
+    if (verdict != QuickVerdict::kDeclined) return verdict == QuickVerdict::kMatches ? 1 : 0;
+    const DatePicList values(block->Input, block->Type);
+    const DatePicList elements(picture, kModePicture);
+    return FMTMatchDatePic(values.First(), elements.First(), block, region);
 }
 
 int32_t ReadByPicture(FMTCntlBlock* block, const FMTRegion& region, const char* picture) {
-    const DatePicList elements(picture, kModePicture);
-    const int32_t kind = FMTClassifyDatePic(elements.First());
+    const int32_t kind = FMTClassifyDatePic(picture);
     if (kind == 0) return 0;
     const int32_t type = block->Type;
     block->Type = kind;
-    const DatePicList values(block->Input, kind);
-    const int32_t result = FMTMatchDatePic(values.First(), elements.First(), block, region);
+    const int32_t result = MatchInput(block, region, picture);
     block->Type = type;
     return result;
 }

@@ -9,12 +9,10 @@
 #include "picture_parser.h"
 #include "quick_token.h"
 
-// Along a list, which the match may change.
+// Along a list of either side, which the match may change.
 class ListCursor {
   public:
-    using Source = DatePicElement*;
-
-    explicit ListCursor(Source first) : at_(first) { SkipFiller(); }
+    explicit ListCursor(DatePicElement* first) : at_(first) { SkipFiller(); }
 
     bool AtEnd() const { return at_ == nullptr; }
     int32_t Type() const { return at_->ElementType; }
@@ -36,8 +34,6 @@ class ListCursor {
         return true;
     }
 
-    static constexpr bool Declined() { return false; }
-
   private:
     static bool IsFiller(const DatePicElement* element) {
         if (element->ElementType == DPE_SPACE) return true;
@@ -51,57 +47,109 @@ class ListCursor {
     DatePicElement* at_;
 };
 
-// Along a text itself, by the scanner's fast path. It declines what that declines, and numbers with the year mark,
-// since a list would have to keep what the match does to them: a match that met any of these says nothing.
-class ScanCursor {
+// Along a picture itself, by the scanner's fast path; it declines what that declines.
+class PictureScanCursor {
   public:
-    struct Source {
-        const char* text;
-        const QuickBytes& bytes;
-    };
+    explicit PictureScanCursor(const char* picture) : next_(picture) { Step(); }
 
-    explicit ScanCursor(const Source& source) : cursor_(source.text), bytes_(source.bytes) { Step(); }
+    bool AtEnd() const { return type_ == kNoElement; }
+    int32_t Type() const { return type_; }
+    char* Text() { return text_; }
+    bool Declined() const { return declined_; }
 
-    bool AtEnd() const { return atEnd_; }
-    int32_t Type() const { return element_.type; }
-    uint32_t Number() const { return element_.number; }
-    void SetNumber(uint32_t number) { element_.number = number; }
+    void Step() {
+        do {
+            StepOnce();
+        } while (type_ == DPE_SPACE || (type_ == DPE_TEXT && *IntlStripStartSpace(text_) == 0));
+    }
+
+    bool StepToText() {
+        StepOnce();
+        return type_ == DPE_TEXT;
+    }
+
+  private:
+    void StepOnce() {
+        DateToken token;
+        if (!QuickToken(next_, kPictureQuickBytes, &token)) {
+            declined_ = true;
+            type_ = kNoElement;
+            return;
+        }
+        type_ = DateElementCode(token);
+        next_ += token.length;
+        if (type_ != DPE_TEXT) return;
+        const size_t length = token.length - 2U;  // without the quotes
+        std::memcpy(text_, token.start + 1, length);
+        text_[length] = 0;
+    }
+
+    const char* next_;
+    int32_t type_ = kNoElement;
+    bool declined_ = false;
+    char text_[kLongestQuickToken + 1];
+};
+
+// Along a text itself. It declines what the fast path declines, and what a list would have to keep for later matches or
+// to read again: numbers with the year mark, quoted texts, a text that is a single element of eight bytes.
+class ValueScanCursor {
+  public:
+    explicit ValueScanCursor(const char* text) : next_(text) {
+        Step();
+        if (*next_ == 0 && next_ - text == kCompactLength) Decline();
+    }
+
+    bool AtEnd() const { return type_ == kNoElement; }
+    int32_t Type() const { return type_; }
+    uint32_t Number() const { return number_; }
+    void SetNumber(uint32_t number) { number_ = number; }
+    bool Declined() const { return declined_; }
 
     char* Text() {
-        std::memcpy(word_, element_.text, element_.length);
-        word_[element_.length] = 0;
+        std::memcpy(word_, next_ - length_, length_);
+        word_[length_] = 0;
         return word_;
     }
 
     void Step() {
+        while (*next_ == ' ') ++next_;
+        if (IsDigit(*next_)) return StepOverNumber();
         DateToken token;
-        do {
-            if (!QuickToken(cursor_, bytes_, &token)) return Decline();
-            cursor_ += token.length;
-        } while (token.kind == ScanToken::kSpace);
-        FillDateElement(token, &element_);
-        atEnd_ = token.kind == ScanToken::kEnd;
-        if (element_.type == DPE_NUMBER && element_.number >= kFullYearMark) Decline();
+        if (!QuickToken(next_, kValueQuickBytes, &token) || token.kind == ScanToken::kQuoted) return Decline();
+        type_ = DateElementCode(token);
+        length_ = token.length;
+        next_ += length_;
+        if (type_ == DPE_SPACE) Step();
     }
-
-    bool StepToText() {
-        DateToken token;
-        if (!QuickToken(cursor_, bytes_, &token)) Decline();
-        return false;
-    }
-
-    bool Declined() const { return declined_; }
 
   private:
-    void Decline() {
-        declined_ = true;
-        atEnd_ = true;
+    static bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+    // One and two digits without a branch between: no processor foresees which it will be.
+    void StepOverNumber() {
+        const char* start = next_;
+        const auto first = static_cast<uint32_t>(next_[0] - '0');
+        const auto second = static_cast<uint32_t>(next_[1] - '0');
+        const uint32_t isTwo = second <= 9 ? 1 : 0;
+        number_ = first + isTwo * (9 * first + second);
+        next_ += 1 + isTwo;
+        while (IsDigit(*next_)) number_ = number_ * 10 + static_cast<uint32_t>(*next_++ - '0');
+        type_ = DPE_NUMBER;
+        const bool isMarked = next_ - start == 4 && number_ < 100;
+        if (isMarked || next_ - start > kSafeDigits || static_cast<unsigned char>(*next_) >= 0x80) Decline();
     }
 
-    const char* cursor_;
-    const QuickBytes& bytes_;
-    DateElement element_;
-    bool atEnd_ = false;
+    void Decline() {
+        declined_ = true;
+        type_ = kNoElement;
+    }
+
+    static constexpr int kSafeDigits = 9;
+
+    const char* next_;
+    int32_t type_ = kNoElement;
+    uint32_t number_ = 0;
+    uint32_t length_ = 0;
     bool declined_ = false;
     char word_[kLongestQuickToken + 1];
 };

@@ -88,10 +88,6 @@ DatePicElement* BuildList(const char* text, ScanState state, ElementRoom& room) 
 
 // ---- a date without separators --------------------------------------------------------------------------------------
 
-constexpr size_t kCompactLength = 8;
-
-// "19991231" is one number at first. It is read again with blanks between year, month and day, and so is any other
-// single element of eight bytes.
 bool IsReadAgain(const char* text, const DatePicElement* first) {
     return first != nullptr && first->Next == nullptr && std::strlen(text) == kCompactLength;
 }
@@ -112,21 +108,6 @@ DatePicElement* ParseInto(const char* text, int32_t mode, ElementRoom& room) {
 }
 
 }  // namespace
-
-bool DateElementReader::Read(DateElement* element) {
-    const DateToken token = scanner_.Next();
-    if (scanner_.ReachedShapes()) return Reject();  // by a switch inside the text: shapes have no elements
-    if (token.kind == ScanToken::kEnd) return false;
-    FillDateElement(token, element);
-    if (element->type == kNoElement) return Reject();
-    any_ = true;
-    return true;
-}
-
-bool DateElementReader::Reject() {
-    accepted_ = false;
-    return false;
-}
 
 DatePicElement* FMTParseDatePic(const char* text, int32_t mode) {
     ElementRoom none(nullptr, 0);

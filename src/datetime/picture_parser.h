@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "date_elements.h"
+#include "picture_scanner.h"
 
 struct DatePicElement {
     int32_t ElementType;  // a DatePicCode
@@ -24,6 +25,10 @@ enum DatePicMode : int32_t {
     kModePicture = 4,
 };
 
+// A value of this many bytes that is a single element, as "19991231" is, is read again with blanks between its year,
+// month and day.
+constexpr int kCompactLength = 8;
+
 // Reads a text into a list of elements, in blocks of MemAlloc; the caller releases it by FMTFreeDatePic. Null text
 // counts as empty. Null for a text that is rejected, for any other mode, and when there is no memory.
 DatePicElement* FMTParseDatePic(const char* text, int32_t mode);
@@ -39,13 +44,24 @@ class DateElementReader {
     DateElementReader(const char* text, ScanState state) : scanner_(text, state) {}
 
     // Reads the next element. False at the end of the text and where it is rejected.
-    bool Read(DateElement* element);
+    bool Read(DateElement* element) {
+        const DateToken token = scanner_.Next();
+        if (scanner_.ReachedShapes()) return Reject();  // by a switch inside the text: shapes have no elements
+        if (token.kind == ScanToken::kEnd) return false;
+        FillDateElement(token, element);
+        if (element->type == kNoElement) return Reject();
+        any_ = true;
+        return true;
+    }
 
     // After the end: whether the text was accepted. A text without elements isn't.
     bool Accepted() const { return accepted_ && any_; }
 
   private:
-    bool Reject();
+    bool Reject() {
+        accepted_ = false;
+        return false;
+    }
 
     DateScanner scanner_;
     bool any_ = false;

@@ -1,7 +1,6 @@
 // The rules of the five scanner states, and the longest-match loop over them.
 #include "picture_scanner.h"
 
-#include "quick_token.h"
 #include "scan_table.h"
 
 namespace {
@@ -80,14 +79,6 @@ constexpr unsigned char kInnerEnd = 0xFF;
 constexpr char kNothingMore[] = "";
 
 }  // namespace
-
-DateToken DateScanner::Next() {
-    DateToken token;
-    const QuickBytes& bytes = state_ == ScanState::kPicture ? kPictureQuickBytes : kValueQuickBytes;
-    if (state_ > ScanState::kPicture || !QuickToken(cursor_, bytes, &token)) return NextByRules();
-    cursor_ += token.length;
-    return token;
-}
 
 DateToken DateScanner::NextByRules() {
     for (;;) {

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "picture_scanner.h"
+#include "scan_tokens.h"
 
 // The token that a byte begins, kNone for bytes that the fast path declines.
 struct QuickBytes {
@@ -20,6 +20,7 @@ consteval QuickBytes CommonQuickBytes() {
     bytes.token[0] = ScanToken::kEnd;
     bytes.Put(",-./:\\", ScanToken::kSeparator);
     bytes.Put(" \t\n", ScanToken::kSpace);
+    bytes.Put("'", ScanToken::kQuoted);
     return bytes;
 }
 
@@ -45,6 +46,10 @@ consteval QuickBytes PictureQuickBytes() {
 inline constexpr QuickBytes kValueQuickBytes = ValueQuickBytes();
 inline constexpr QuickBytes kPictureQuickBytes = PictureQuickBytes();
 
+inline const QuickBytes& QuickBytesOf(ScanState state) {
+    return state == ScanState::kPicture ? kPictureQuickBytes : kValueQuickBytes;
+}
+
 constexpr int kLongestQuickToken = 31;
 
 // Lengths, as bits, at which a run of a picture's letter is one token, whatever follows.
@@ -60,6 +65,16 @@ constexpr uint32_t QuickLengths(ScanToken token) {
     }
 }
 
+inline bool QuickQuoted(const char* text, DateToken* token) {
+    int length = 1;
+    while (length < kLongestQuickToken && text[length] != 0 && static_cast<unsigned char>(text[length]) < 0x80 &&
+           text[length] != '\'')
+        ++length;
+    if (text[length] != '\'') return false;
+    *token = {ScanToken::kQuoted, static_cast<uint8_t>(length + 1), text};
+    return true;
+}
+
 // The token at the start of a text. False, with nothing done, where only the rules can tell.
 inline bool QuickToken(const char* text, const QuickBytes& bytes, DateToken* token) {
     const auto* at = reinterpret_cast<const unsigned char*>(text);
@@ -72,6 +87,7 @@ inline bool QuickToken(const char* text, const QuickBytes& bytes, DateToken* tok
             if (std::strncmp(text, "AMPM", 4) != 0) return false;
             *token = {kind, 4, text};
             return true;
+        case ScanToken::kQuoted: return QuickQuoted(text, token);
         default: break;
     }
     int length = 1;

@@ -14,7 +14,7 @@
 // construction of subsets.
 #pragma once
 
-#include "picture_scanner.h"
+#include "scan_tokens.h"
 
 struct ScanRule {
     const char* pattern;
