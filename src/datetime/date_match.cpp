@@ -265,7 +265,7 @@ int32_t FMTMatchDatePic(DatePicElement* valueList, DatePicElement* pictureList, 
 }
 
 QuickVerdict QuickMatchDatePic(const char* text, const char* picture, FMTCntlBlock* block, const FMTRegion& region) {
-    if (picture == nullptr || *picture == 0) return QuickVerdict::kFails;
+    if (*text == 0 || picture == nullptr || *picture == 0) return QuickVerdict::kFails;
     DateMatch<ValueScanCursor, PictureScanCursor> match(text, picture, region, block->Type);
     const bool matches = match.Run();
     if (match.Declined()) return QuickVerdict::kDeclined;
