@@ -59,7 +59,7 @@ constexpr int8_t kNoElement = -1;
 
 // The element of a token by the token's length.
 // clang-format off
-inline constexpr int8_t kElementCodes[][5] = {
+inline constexpr int32_t kElementCodes[][5] = {
     //                1              2             3             4              more bytes
     /* kYear */        {kNoElement,         DPE_YEAR2,    kNoElement,        DPE_YEAR4,     kNoElement},
     /* kMonth */       {DPE_MONTH,     DPE_MONTH2,   DPE_MONTH3,   DPE_MONTHNAME, kNoElement},

@@ -15,7 +15,8 @@ constexpr size_t kTimeSepLength = 2;
 
 char* Append(char* out, const char* text) {
     const size_t length = std::strlen(text);
-    std::memcpy(out, text, length + 1);
+    std::memcpy(out, text, length);
+    out[length] = 0;
     return out + length;
 }
 

@@ -86,8 +86,8 @@ class ShownDigits {
     fast::Digits* digits_;
     const FMTSectionShape& shape_;
     FMTSeparators separators_;
-    fast::DigitStream stream_;
-    bool streams_;
+    fast::DigitStream stream_{};
+    bool streams_ = false;
 };
 
 // Formats a value by the shape of a picture. Declines where rounding to nothing puts another section in force.

@@ -49,7 +49,7 @@ class UnmaskedText {
     void Insert(int32_t index, char ch) {
         const int32_t length = Length();
         index = std::min(index, length);
-        std::memmove(raw_ + index + 1, raw_ + index, static_cast<size_t>(length - index + 1));
+        std::memmove(raw_ + index + 1, raw_ + index, static_cast<size_t>(length - index) + 1);
         raw_[index] = ch;
     }
 

@@ -37,15 +37,15 @@ uint16_t UpperCase(uint8_t byte) {
 }
 
 struct MaskClass {
-    char maskChar;
     bool (*accepts)(uint8_t byte);
+    char maskChar;
     bool upperCase;
 };
 
 constexpr MaskClass kMaskClasses[] = {
-    {'9', IsNumeric, false},       {'a', IsAlphabetic, false},  {'A', IsAlphabetic, true},
-    {'n', IsAlphanumeric, false},  {'N', IsAlphanumeric, true}, {'X', IsAnyButLineFeed, false},
-    {'!', IsAnyButLineFeed, true}, {'*', IsAny, false},
+    {IsNumeric, '9', false},       {IsAlphabetic, 'a', false},  {IsAlphabetic, 'A', true},
+    {IsAlphanumeric, 'n', false},  {IsAlphanumeric, 'N', true}, {IsAnyButLineFeed, 'X', false},
+    {IsAnyButLineFeed, '!', true}, {IsAny, '*', false},
 };
 
 const MaskClass* FindMaskClass(char c) {
