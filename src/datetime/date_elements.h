@@ -55,7 +55,7 @@ struct DateElement {
 // ---- from tokens to elements ----------------------------------------------------------------------------------------
 
 // The type of what makes a text bad, and of its end.
-constexpr int8_t kNoElement = -1;
+constexpr int32_t kNoElement = -1;
 
 // The element of a token by the token's length.
 // clang-format off

@@ -14,16 +14,13 @@ constexpr int32_t kTypeTime = FMT_TYPE_TIME;
 constexpr size_t kTimeSepLength = 2;
 
 char* Append(char* out, const char* text) {
-    const size_t length = std::strlen(text);
-    std::memcpy(out, text, length);
-    out[length] = 0;
-    return out + length;
+    out = std::copy_n(text, std::strlen(text), out);
+    *out = 0;
+    return out;
 }
 
 char* AppendSeparator(char* out, const char* separator) {
-    const size_t length = std::min(std::strlen(separator), kTimeSepLength);
-    std::memcpy(out, separator, length);
-    return out + length;
+    return std::copy_n(separator, std::min(std::strlen(separator), kTimeSepLength), out);
 }
 
 // Copies as much of a picture as fits, never half a character.

@@ -247,14 +247,14 @@ TEST(FMTFormatNumberLayout, Profile) {
                                {"intl", "iCurrency", "3"},
                                {"intl", "iNegCurr", "8"},
                                {"intl", "sCurrency", "kr"},
-                               {"intl", "sThousand", "\" \""},
+                               {"intl", "sThousand", "."},
                                {"intl", "sDecimal", ","},
                                {"intl", "iLzero", "1"}});
-    EXPECT_EQ(NumberBlock().Format("1234.56", kNumber), "1 234,6");
+    EXPECT_EQ(NumberBlock().Format("1234.56", kNumber), "1.234,6");
     EXPECT_EQ(NumberBlock().Format("-.25", kNumber), "-0,3");
-    EXPECT_EQ(NumberBlock().Format("1234.56", kCurrency), "1 234,560 kr");
-    EXPECT_EQ(NumberBlock().Format("-1234.56", kCurrency), "-1 234,560 kr");
-    EXPECT_EQ(NumberBlock().Format("-1234.56", kPicture, "# ##0,0;(# ##0,0)"), "(1 234,6)");
+    EXPECT_EQ(NumberBlock().Format("1234.56", kCurrency), "1.234,560 kr");
+    EXPECT_EQ(NumberBlock().Format("-1234.56", kCurrency), "-1.234,560 kr");
+    EXPECT_EQ(NumberBlock().Format("-1234.56", kPicture, "#.##0,0;(#.##0,0)"), "(1.234,6)");
 }
 
 TEST(FMTFormatNumberLayout, EveryDigit) {
