@@ -98,7 +98,8 @@ TEST(CaseJapanese, FoldOneCharacter) {
     }
 }
 
-// The shortcut for characters without case gives what the host gives, for every code.
+// The shortcut for characters without case gives what the host gives, for every character. A code that comes back
+// changed in both cases is none: Windows puts another in its place.
 void ExpectFoldsAsTheHost() {
     for (uint32_t code = 0x8001; code <= 0xFFFF; ++code) {
         const char text[3] = {static_cast<char>(code >> 8), static_cast<char>(code), '\0'};
@@ -107,6 +108,7 @@ void ExpectFoldsAsTheHost() {
         char lower[3] = {text[0], text[1], '\0'};
         CharUpperA(upper);
         CharLowerA(lower);
+        if (IntlDBCSChar(upper) != code && IntlDBCSChar(lower) != code) continue;
         ASSERT_EQ(IntlFoldChar(text, IntlFold::kUpper), IntlDBCSChar(upper)) << std::hex << code;
         ASSERT_EQ(IntlFoldChar(text, IntlFold::kLower), IntlDBCSChar(lower)) << std::hex << code;
     }
