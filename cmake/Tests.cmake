@@ -80,3 +80,8 @@ add_test(NAME Boundary.Exports COMMAND ${CMAKE_COMMAND} -DNM=${CMAKE_NM} -DOBJDU
 if(MORVL15_SANITIZE)
   set_tests_properties(Boundary.Exports PROPERTIES DISABLED TRUE)
 endif()
+
+# The one benchmark that is built for both hosts; scripts/compare_hosts.sh runs it.
+add_executable(host_timing EXCLUDE_FROM_ALL ${PROJECT_SOURCE_DIR}/bench/host_timing.cpp)
+target_link_libraries(host_timing PRIVATE morvl15_options morvl15)
+target_compile_options(host_timing PRIVATE -Wno-conversion)
