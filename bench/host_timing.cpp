@@ -19,6 +19,7 @@ struct Operands {
     std::vector<std::string> texts;
     std::vector<std::string> formatted;
     std::vector<Number> numbers;
+    std::vector<double> doubles;  // as a person types them: at most 12 digits
     std::vector<size_t> order;
 };
 
@@ -56,6 +57,7 @@ Operands MakeOperands() {
         block.Output = text;
         FMTFormatNumber(&block);
         operands.formatted.push_back(text);
+        operands.doubles.push_back(static_cast<double>(random() % 2000000000) * 0.01 - 10000000);
         operands.order.push_back(i);
     }
     return operands;
@@ -100,6 +102,15 @@ void MeasureNumbers(Operands& operands) {
     Measure("NumRound", operands, [&](size_t a, size_t /*b*/) {
         Number result;
         return static_cast<uint32_t>(NumRound(&result, &numbers[a], 2)) + result.bytes[0];
+    });
+    Measure("NumToDouble", operands, [&](size_t a, size_t /*b*/) {
+        double value;
+        NumToDouble(&numbers[a], &value);
+        return static_cast<uint32_t>(value != 0);
+    });
+    Measure("NumDoubleToNumber", operands, [&](size_t a, size_t /*b*/) {
+        Number result;
+        return static_cast<uint32_t>(NumDoubleToNumber(&result, operands.doubles[a])) + result.bytes[0];
     });
     Measure("NumAsciiToNumber", operands, [&](size_t a, size_t /*b*/) {
         Number result;

@@ -20,9 +20,6 @@ void EnsureNumericLocale() {
     if (locale == nullptr || std::strcmp(locale, "C") != 0) std::setlocale(LC_NUMERIC, "C");
 }
 
-#if defined(__SIZEOF_INT128__)
-__extension__ using Wide = unsigned __int128;
-
 constexpr int32_t kMaxScale = 27;  // 5 to the 27th fits 63 bits
 
 constexpr uint64_t PowerOf5(int32_t power) {
@@ -42,6 +39,9 @@ constexpr PowersOf5 kPowersOf5 = MakePowersOf5();
 
 // mantissa * 2^exponent * 10^scale to the nearest integer, ties to even, from the exact product; for a result that is
 // below 2^51, which leaves bits to shift out.
+#if defined(__SIZEOF_INT128__)
+__extension__ using Wide = unsigned __int128;
+
 uint64_t RoundScaled(uint64_t mantissa, int32_t exponent, int32_t scale) {
     const Wide product = static_cast<Wide>(mantissa) * kPowersOf5.of[scale];
     const int32_t shift = -(exponent + scale);
@@ -50,6 +50,40 @@ uint64_t RoundScaled(uint64_t mantissa, int32_t exponent, int32_t scale) {
     const Wide half = static_cast<Wide>(1) << (shift - 1);
     return whole + (rest > half || (rest == half && whole % 2 != 0));
 }
+#else
+struct Halves {
+    uint64_t high;
+    uint64_t low;
+};
+
+Halves Product(uint64_t a, uint64_t b) {
+    const uint64_t lowA = a & 0xFFFFFFFF;
+    const uint64_t highA = a >> 32;
+    const uint64_t lowB = b & 0xFFFFFFFF;
+    const uint64_t highB = b >> 32;
+    const uint64_t low = lowA * lowB;
+    const uint64_t first = highA * lowB + (low >> 32);
+    const uint64_t second = lowA * highB + (first & 0xFFFFFFFF);
+    return {highA * highB + (first >> 32) + (second >> 32), second << 32 | (low & 0xFFFFFFFF)};
+}
+
+// Rounds whole.rest, the rest being below 2 * half; `below` tells whether anything follows behind the rest.
+uint64_t RoundToEven(uint64_t whole, uint64_t rest, uint64_t half, bool below) {
+    return whole + (rest > half || (rest == half && (below || whole % 2 != 0)));
+}
+
+uint64_t RoundScaled(uint64_t mantissa, int32_t exponent, int32_t scale) {
+    const auto [high, low] = Product(mantissa, kPowersOf5.of[scale]);
+    const int32_t shift = -(exponent + scale);
+    if (shift > 64) {
+        const uint64_t unit = uint64_t{1} << (shift - 64);
+        return RoundToEven(high >> (shift - 64), high & (unit - 1), unit / 2, low != 0);
+    }
+    const uint64_t half = uint64_t{1} << (shift - 1);
+    const uint64_t whole = shift == 64 ? high : high << (64 - shift) | low >> shift;
+    return RoundToEven(whole, low & (half + (half - 1)), half, false);
+}
+#endif
 
 // The same Number as through the text of FMTgcvt, for magnitudes from 10^-13 to just under 10^15: there the 15 digits
 // come out of one exact multiplication. False, with nothing written, for others.
@@ -72,11 +106,6 @@ bool PackCommonDouble(Number* num, double value) {
     NumPackDecimal(num, {digits, 0}, value < 0, 2 * kNumExponentBias + kSignificantDigits - scale);
     return true;
 }
-#else
-bool PackCommonDouble(Number* /*num*/, double /*value*/) {
-    return false;
-}
-#endif
 
 }  // namespace
 

@@ -149,9 +149,40 @@ constexpr uint64_t kLimbBase = 100000000;
 PAIR_VECTOR_INLINE VectorLimbs ToLimbs(__m128i pairs) {
     const __m128i fours = _mm_maddubs_epi16(pairs, _mm_set1_epi16(100 * 256 + 1));
     const __m128i eights = _mm_madd_epi16(fours, _mm_set1_epi32(10000 * 65536 + 1));
+#if defined(__x86_64__)
     const auto high = static_cast<uint64_t>(_mm_extract_epi64(eights, 1));
     const auto low = static_cast<uint64_t>(_mm_cvtsi128_si64(eights));
     return {{low & 0xFFFFFFFF, low >> 32, high & 0xFFFFFFFF, high >> 32}};
+#else
+    return {{static_cast<uint32_t>(_mm_cvtsi128_si32(eights)), static_cast<uint32_t>(_mm_extract_epi32(eights, 1)),
+             static_cast<uint32_t>(_mm_extract_epi32(eights, 2)), static_cast<uint32_t>(_mm_extract_epi32(eights, 3))}};
+#endif
+}
+
+// A number of limbs as the lowest limb and what it carries to the next.
+struct SplitLimbs {
+    uint64_t carry;
+    uint64_t limb;
+};
+
+// For values below 4 * 10^16, which is more than three products of limbs and a carry.
+PAIR_VECTOR_INLINE SplitLimbs SplitOffLimb(uint64_t value) {
+#if defined(__x86_64__)
+    return {value / kLimbBase, value % kLimbBase};
+#else
+    // There is no instruction for the division. A double tells the quotient to within 1.
+    constexpr auto kBase = static_cast<int32_t>(kLimbBase);
+    auto carry = static_cast<int32_t>(static_cast<double>(static_cast<int64_t>(value)) * 1e-8);
+    auto limb = static_cast<int32_t>(static_cast<uint32_t>(value) - static_cast<uint32_t>(carry) * kBase);
+    if (limb < 0) {
+        limb += kBase;
+        --carry;
+    } else if (limb >= kBase) {
+        limb -= kBase;
+        ++carry;
+    }
+    return {static_cast<uint32_t>(carry), static_cast<uint32_t>(limb)};
+#endif
 }
 
 // The other way: each limb below 10 to the 8th splits by 10,000, then by 100. The divisions are multiplications by

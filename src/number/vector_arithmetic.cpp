@@ -1,15 +1,14 @@
 #include "vector_operations.h"
 
-#if defined(__x86_64__)
+#if defined(NUM_HAS_VECTOR_CODE)
 
 #include <cstdlib>
 #include <iterator>
 
 #include "pair_vector.h"
+#include "vector_quotient.h"
 
 namespace {
-
-__extension__ using Wide = unsigned __int128;
 
 PAIR_VECTOR_INLINE bool AreValid(const VectorParts& a, const VectorParts& b) {
     return std::max(a.length, b.length) <= static_cast<uint32_t>(kNumMaxLength);
@@ -46,46 +45,15 @@ PAIR_VECTOR_INLINE int32_t AddSub(Number* result, VectorParts a, VectorParts b, 
 
 // The product of three limbs each: the top four of its six limbs. The lower two count only by their carry.
 PAIR_VECTOR_INLINE VectorLimbs TopOfProduct(const VectorLimbs& a, const VectorLimbs& b) {
-    const uint64_t* x = a.limb + 1;
-    const uint64_t* y = b.limb + 1;
-    const uint64_t column0 = x[0] * y[0];
-    const uint64_t column1 = x[0] * y[1] + x[1] * y[0] + column0 / kLimbBase;
-    const uint64_t column2 = x[0] * y[2] + x[1] * y[1] + x[2] * y[0] + column1 / kLimbBase;
-    const uint64_t column3 = x[1] * y[2] + x[2] * y[1] + column2 / kLimbBase;
-    const uint64_t column4 = x[2] * y[2] + column3 / kLimbBase;
-    return {{column2 % kLimbBase, column3 % kLimbBase, column4 % kLimbBase, column4 / kLimbBase}};
-}
-
-constexpr uint64_t k10To10 = 10000000000;
-constexpr uint64_t k10To12 = 1000000000000;
-constexpr uint64_t k10To16 = 10000000000000000;
-
-// The eleven pairs as one binary integer, below 10^22; 10^20 at least when the first pair isn't 0.
-PAIR_VECTOR_INLINE Wide ToInteger(__m128i pairs) {
-    const VectorLimbs limbs = ToLimbs(_mm_srli_si128(pairs, 5));
-    return static_cast<Wide>(limbs.limb[2]) * k10To16 + (limbs.limb[1] * kLimbBase + limbs.limb[0]);
-}
-
-// To within 2^21, which is 2 * 10^-14 of the smallest divisor.
-PAIR_VECTOR_INLINE double ToDouble(Wide value) {
-    return static_cast<double>(static_cast<int64_t>(value >> 21));
-}
-
-struct Quotient {
-    uint64_t value;
-    Wide remainder;
-};
-
-// dividend * scale / divisor, for a quotient below 10^12 and a divisor of 10^20 to 10^22. Truncating the operands of
-// the estimate takes it off by less than 0.1, so that 0.1 below it lies the quotient or the integer in front of it.
-PAIR_VECTOR_INLINE Quotient DivideScaled(Wide dividend, uint64_t scale, Wide divisor, double reciprocal) {
-    const double estimate = ToDouble(dividend) * (static_cast<double>(scale) * reciprocal) - 0.1;
-    auto value = static_cast<uint64_t>(static_cast<int64_t>(estimate));
-    Wide remainder = dividend * scale - divisor * value;
-    const bool isShort = remainder >= divisor;
-    value += isShort;
-    remainder -= isShort ? divisor : 0;
-    return {value, remainder};
+    const auto times = [&](int i, int j) {
+        return uint64_t{static_cast<uint32_t>(a.limb[1 + i])} * static_cast<uint32_t>(b.limb[1 + j]);
+    };
+    const SplitLimbs column0 = SplitOffLimb(times(0, 0));
+    const SplitLimbs column1 = SplitOffLimb(times(0, 1) + times(1, 0) + column0.carry);
+    const SplitLimbs column2 = SplitOffLimb(times(0, 2) + times(1, 1) + times(2, 0) + column1.carry);
+    const SplitLimbs column3 = SplitOffLimb(times(1, 2) + times(2, 1) + column2.carry);
+    const SplitLimbs column4 = SplitOffLimb(times(2, 2) + column3.carry);
+    return {{column2.limb, column3.limb, column4.limb, column4.carry}};
 }
 
 // A Number as it is compared: magnitudes with the first byte in lane 15 and the pairs below it, and the same as bytes
@@ -136,14 +104,7 @@ PAIR_VECTOR int32_t NumDivideVectors(Number* result, const Number* a, const Numb
     const VectorParts y = LoadNumber(b, kFromLane15);
     // A first pair of 0 means null, zero, or zero pairs in front, which would leave the divisor too small.
     if (!AreValid(x, y) || _mm_extract_epi8(y.pairs, 15) == 0) return NumDividePairs(result, a, b);
-
-    // The twelve quotient pairs of the definition are two chunks of twelve digits.
-    const Wide divisor = ToInteger(y.pairs);
-    const double reciprocal = 1.0 / ToDouble(divisor);
-    const Quotient high = DivideScaled(ToInteger(x.pairs), k10To10, divisor, reciprocal);
-    const Quotient low = DivideScaled(high.remainder, k10To12, divisor, reciprocal);
-    const uint64_t second = high.value % 10000 * 10000 + low.value / kLimbBase;
-    const __m128i pairs = FromLimbs({{0, low.value % kLimbBase, second, high.value / 10000}});
+    const __m128i pairs = FromLimbs(QuotientOf(x.pairs, y.pairs));
     return StoreNumber(result, pairs, x.exponent - y.exponent + kNumExponentBias + 1, x.negative ^ y.negative);
 }
 

@@ -1,5 +1,7 @@
 // Rounding, text and doubles on vectors of pairs.
-#if defined(__x86_64__)
+#include "vector_operations.h"
+
+#if defined(NUM_HAS_VECTOR_CODE)
 
 #include "pair_vector.h"
 

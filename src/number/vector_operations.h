@@ -10,7 +10,8 @@ constexpr int32_t kNumDeclined = -1;
 // The least width that the fast way of NumToAscii takes: it writes in blocks, also behind the text.
 constexpr int32_t kNumTextRoom = 64;
 
-#if defined(__x86_64__)
+#if defined(__x86_64__) || defined(__i386__)
+#define NUM_HAS_VECTOR_CODE
 
 // Whether the processor has the vectors (SSE4.1).
 inline bool HasPairVectors() {
