@@ -50,11 +50,15 @@ class DateReading {
     // The text's elements, null where the text has none and every attempt fails. They are read when the first attempt
     // needs them; from then on all attempts work on them.
     DatePicElement* Values() {
-        if (!values_) values_.emplace(block_->Input, block_->Type);
+        if (!values_) values_.emplace(Input(), Type());
         return values_->First();
     }
 
   private:
+    // Copies: a packed field can't be referred to.
+    const char* Input() const { return block_->Input; }
+    int32_t Type() const { return block_->Type; }
+
     FMTCntlBlock* block_;
     const FMTRegion& region_;
     std::optional<DatePicList> values_;
