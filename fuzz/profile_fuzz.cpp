@@ -4,20 +4,15 @@
 // 0x1F between them. A change without a text takes the key away, one without a key the section.
 #include <unistd.h>
 
-#include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <map>
-#include <memory>
 #include <optional>
-#include <string>
 #include <utility>
 #include <vector>
 
-#include <morvl15/host_native.h>
-
 #include "host/kernel/profile_file.h"
 #include "host/kernel/profile_text.h"
+#include "input.h"
 
 namespace {
 
@@ -25,10 +20,6 @@ constexpr char kChange = 0x1E;
 constexpr char kPart = 0x1F;
 
 using Keys = std::map<std::pair<std::string, std::string>, std::optional<std::string>>;
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
 
 std::vector<std::string> Split(const std::string& text, char separator) {
     std::vector<std::string> parts;
@@ -74,8 +65,8 @@ Keys AllKeys() {
 
 void ReadThroughEveryRoom(const char* section, const char* key) {
     for (DWORD size = 0; size < 12; ++size) {
-        const std::unique_ptr<char[]> buffer(new char[size]);
-        const DWORD length = GetProfileStringA(section, key, "default ", buffer.get(), size);
+        Room buffer(size);
+        const DWORD length = GetProfileStringA(section, key, "default ", buffer, size);
         Require(length < std::max<DWORD>(size, 1));
         if (size > 0) Require(buffer[length] == 0);
     }
@@ -134,7 +125,7 @@ class ProfileOfProcess {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     static const ProfileOfProcess profile;
     if (size == 0) return 0;
-    HostSetLanguages(data[0] == 'J' ? 0x0411 : 0x0409, 0x0409);
+    SetLanguage(data[0] == 'J' ? 0x0411 : 0x0409);
     const std::vector<std::string> parts = Split(std::string(data + 1, data + size), kChange);
     profile.Put(parts[0]);
     ReadThroughEveryRoom(nullptr, nullptr);

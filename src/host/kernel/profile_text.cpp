@@ -44,7 +44,7 @@ struct ProfileLine {
 };
 
 void ReadLine(std::string_view text, ProfileLine& line) {
-    text = WithoutBlanks(text);
+    text = WithoutBlanks(text.substr(0, text.find('\0')));
     line.isBlank = text.empty();
     if (text.empty() || text.front() == ';') return;
     const size_t bracket = text.rfind(']');
@@ -113,8 +113,7 @@ bool FindKey(std::string_view text, std::string_view section, std::string_view k
 }
 
 void AddName(std::string& names, std::string_view name) {
-    names.append(name.substr(0, name.find('\0')));
-    names.push_back('\0');
+    names.append(name).push_back('\0');
 }
 
 // ---- changes ----------------------------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 // The text of a profile: sections in brackets, beneath them lines of key, "=" and value. A line that begins with ";"
 // and any line that makes no sense are nobody's, and stay as they are when others change. Names are compared without
-// regard to case; the first section of a name counts, and in it the first key of a name.
+// regard to case; the first section of a name counts, and in it the first key of a name. A zero byte ends what a line
+// says: strings of C couldn't hold more.
 #pragma once
 
 #include <optional>
