@@ -29,20 +29,6 @@ bool IsNoLock(const CRSect* lock) {
 
 }  // namespace
 
-void CRTakeMainLock() {
-    CRSect* lock = gpCRSECTMain;
-    if (lock == nullptr) return;
-    EnterCriticalSection(&lock->section);
-    ++lock->lockCount;
-}
-
-void CRGiveMainLock() {
-    CRSect* lock = gpCRSECTMain;
-    if (lock == nullptr) return;
-    --lock->lockCount;
-    LeaveCriticalSection(&lock->section);
-}
-
 int32_t MORVL_CALL CR_LockCount(CRSect* lock) {
     EnterCriticalSection(&lock->section);
     const int32_t count = lock->lockCount;

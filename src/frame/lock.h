@@ -4,10 +4,20 @@
 #include <morvl15/frame.h>
 
 // Enters the lock's section, then counts the level; does nothing where there is no lock (gpCRSECTMain is null).
-void CRTakeMainLock();
+inline void CRTakeMainLock() {
+    CRSect* lock = gpCRSECTMain;
+    if (lock == nullptr) return;
+    EnterCriticalSection(&lock->section);
+    ++lock->lockCount;
+}
 
 // Uncounts the level, then leaves the section.
-void CRGiveMainLock();
+inline void CRGiveMainLock() {
+    CRSect* lock = gpCRSECTMain;
+    if (lock == nullptr) return;
+    --lock->lockCount;
+    LeaveCriticalSection(&lock->section);
+}
 
 // Holds the global lock for a scope.
 class CRMainLock {

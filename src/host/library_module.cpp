@@ -14,7 +14,29 @@ constexpr HostString kStrings[] = {
 #undef STRING
 };
 
-HostModule libraryModule = {"libmorvl15.so", DllMain, kStrings, std::size(kStrings), nullptr};
+// Each template's controls, then the templates.
+#define DIALOG_BEGIN(name, ...) constexpr HostDialogControl k##name##Controls[] = {
+#define CONTROL_OF(...) {__VA_ARGS__},
+#define DIALOG_END \
+    }              \
+    ;
+#include "../resources/dialogs.def"
+#undef DIALOG_BEGIN
+#undef CONTROL_OF
+#undef DIALOG_END
+
+constexpr HostDialog kDialogs[] = {
+#define DIALOG_BEGIN(name, ...) {#name, __VA_ARGS__, k##name##Controls, std::size(k##name##Controls)},
+#define CONTROL_OF(...)
+#define DIALOG_END
+#include "../resources/dialogs.def"
+#undef DIALOG_BEGIN
+#undef CONTROL_OF
+#undef DIALOG_END
+};
+
+HostModule libraryModule = {"libmorvl15.so",     DllMain, kStrings, std::size(kStrings), kDialogs,
+                            std::size(kDialogs), nullptr};
 
 struct LibraryAttachment {
     LibraryAttachment() { HostAttachModule(&libraryModule); }

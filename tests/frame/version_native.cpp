@@ -24,11 +24,11 @@ TEST(VersionNative, OfASharedLibraryThatTheProgramHoldsAsWell) {
     // The test program holds the library's objects; the library itself is a module of its own.
     void* library = dlopen((BesideTestProgram("../lib/") + "libmorvl15.so").c_str(), RTLD_NOW | RTLD_LOCAL);
     ASSERT_NE(library, nullptr) << dlerror();
-    const auto call = reinterpret_cast<int32_t (*)(HMODULE, char*)>(dlsym(library, "VERGetVersionString"));
-    auto* const module = static_cast<HMODULE>(dlsym(library, "VERGetVersionString"));  // any address in it names it
+    void* const address = dlsym(library, "VERGetVersionString");  // any address in a module names it
+    const auto call = reinterpret_cast<int32_t (*)(HMODULE, char*)>(address);
     char text[64] = "";
     char program[64] = "";
-    EXPECT_EQ(call(module, text), 1);
+    EXPECT_EQ(call(static_cast<HMODULE>(address), text), 1);
     EXPECT_EQ(call(nullptr, program), 1);
     EXPECT_STREQ(text, program);
 }
@@ -68,8 +68,7 @@ class DamagedModule : public testing::Test {
             UINT length = 0;
             if (VerQueryValueA(record.data(), key, &text, &length) == FALSE) continue;
             const auto* begin = static_cast<const char*>(text);
-            EXPECT_GE(begin, record.data());
-            EXPECT_LE(begin + length, record.data() + record.size());
+            EXPECT_TRUE(begin >= record.data() && begin + length <= record.data() + record.size());
             EXPECT_EQ(std::strlen(begin) + 1, length);
         }
     }
@@ -95,8 +94,7 @@ TEST_F(DamagedModule, CutAtAnyLengthOrWithWrongBytesIsReadWithinItsBounds) {
 }
 
 TEST_F(DamagedModule, TextsWithoutTerminatorsEndInsideTheRecord) {
-    const std::string value = "1.2.3";
-    const size_t at = module_.find(std::string("FileVersion") + '\0' + value);
+    const size_t at = module_.find(std::string("FileVersion") + '\0' + "1.2.3");
     ASSERT_NE(at, std::string::npos);
     for (size_t i = at; i < at + 40; ++i) {
         module_[i] = 'x';

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <morvl15/host.h>
@@ -11,31 +12,27 @@
 
 namespace {
 
-struct CaseRow {
-    int line;
-    const char* text;
-    const char* upper;
-    const char* lower;
-};
+// Rows of a text, in capitals, in small letters.
+using CaseRow = const char* [3];
 
-void ExpectCase(const CaseRow& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, c.text);
-    std::string text = c.text;
+void ExpectCase(const CaseRow& row) {
+    const auto& [given, upper, lower] = row;
+    std::string text = given;
     EXPECT_EQ(CharUpperA(text.data()), text.data());
-    EXPECT_STREQ(text.c_str(), c.upper);
-    text = c.text;
+    EXPECT_EQ(text, upper) << given;
+    text = given;
     EXPECT_EQ(CharLowerBuffA(text.data(), static_cast<DWORD>(text.size())), text.size());
-    EXPECT_STREQ(text.c_str(), c.lower);
+    EXPECT_EQ(text, lower) << given;
 }
 
 TEST(PlatformText, ChangesCase) {
     constexpr CaseRow kRows[] = {
-        {__LINE__, "abc XYZ 1_[", "ABC XYZ 1_[", "abc xyz 1_["},
-        {__LINE__, "\xE4\xD6\xFC\xE9\xFF\x9A", "\xC4\xD6\xDC\xC9\x9F\x8A", "\xE4\xF6\xFC\xE9\xFF\x9A"},
-        {__LINE__, "\xDF\xB5\xAA\xD7\xF7", "\xDF\xB5\xAA\xD7\xF7", "\xDF\xB5\xAA\xD7\xF7"},  // no other case
-        {__LINE__, "", "", ""},
+        {"abc XYZ 1_[", "ABC XYZ 1_[", "abc xyz 1_["},
+        {"\xE4\xD6\xFC\xE9\xFF\x9A", "\xC4\xD6\xDC\xC9\x9F\x8A", "\xE4\xF6\xFC\xE9\xFF\x9A"},
+        {"\xDF\xB5\xAA\xD7\xF7", "\xDF\xB5\xAA\xD7\xF7", "\xDF\xB5\xAA\xD7\xF7"},  // no other case
+        {"", "", ""},
     };
-    for (const CaseRow& c : kRows) ExpectCase(c);
+    for (const CaseRow& row : kRows) ExpectCase(row);
     for (unsigned code : {0x61, 0xE4, 0xDF}) {
         char text[] = {static_cast<char>(code), 0};
         const auto changed = reinterpret_cast<uintptr_t>(CharUpperA(reinterpret_cast<LPSTR>(uintptr_t{code})));
@@ -46,13 +43,13 @@ TEST(PlatformText, ChangesCase) {
 TEST(PlatformTextJapanese, ChangesCase) {
     const TestLanguage language(kJapanese);
     constexpr CaseRow kRows[] = {
-        {__LINE__, "a\x83\x61z\x83\x41", "A\x83\x61Z\x83\x41", "a\x83\x61z\x83\x41"},  // trail bytes are no letters
-        {__LINE__, "\x82\x81\x82\x79\x82\x4F", "\x82\x60\x82\x79\x82\x4F", "\x82\x81\x82\x9A\x82\x4F"},  // full width
-        {__LINE__, "\x83\x9F\x83\xD6\x84\x40\x84\x91", "\x83\x9F\x83\xB6\x84\x40\x84\x60",
-         "\x83\xBF\x83\xD6\x84\x70\x84\x91"},            // Greek and Cyrillic
-        {__LINE__, "\xB1\xDF", "\xB1\xDF", "\xB1\xDF"},  // half-width kana
+        {"a\x83\x61z\x83\x41", "A\x83\x61Z\x83\x41", "a\x83\x61z\x83\x41"},  // trail bytes are no letters
+        {"\x82\x81\x82\x79\x82\x4F", "\x82\x60\x82\x79\x82\x4F", "\x82\x81\x82\x9A\x82\x4F"},  // full width
+        {"\x83\x9F\x83\xD6", "\x83\x9F\x83\xB6", "\x83\xBF\x83\xD6"},                          // Greek
+        {"\x84\x40\x84\x91", "\x84\x40\x84\x60", "\x84\x70\x84\x91"},                          // Cyrillic
+        {"\xB1\xDF", "\xB1\xDF", "\xB1\xDF"},                                                  // half-width kana
     };
-    for (const CaseRow& c : kRows) ExpectCase(c);
+    for (const CaseRow& row : kRows) ExpectCase(row);
 }
 
 std::vector<int> Steps(const char* text) {
@@ -82,13 +79,11 @@ TEST(PlatformTextJapanese, StepsByCharacters) {
 }
 
 TEST(PlatformText, KnowsLetters) {
-    const std::string letters = "azAZ\xE4\xDF\xFF\x8A";
-    for (const char letter : letters) {
+    for (const char letter : std::string("azAZ\xE4\xDF\xFF\x8A")) {
         EXPECT_TRUE(IsCharAlphaA(letter)) << letter;
         EXPECT_TRUE(IsCharAlphaNumericA(letter)) << letter;
     }
-    const std::string others = " _$.\xA0\xA4\xD7\x80";
-    for (const char other : others) EXPECT_FALSE(IsCharAlphaNumericA(other)) << other;
+    for (const char other : std::string(" _$.\xA0\xA4\xD7\x80")) EXPECT_FALSE(IsCharAlphaNumericA(other)) << other;
     EXPECT_FALSE(IsCharAlphaA('0'));
     EXPECT_TRUE(IsCharAlphaNumericA('0'));
 }
@@ -118,27 +113,18 @@ TEST(PlatformText, IsPutTogether) {
     EXPECT_STREQ(text, "1 2 3 04    5 ab z%");
 }
 
-struct ProfileCase {
-    int line;
-    const char* written;
-    const char* read;
-    int number;
-};
-
 TEST(PlatformProfile, GivesValuesWithoutBlanksAndQuotes) {
-    constexpr ProfileCase kRows[] = {
-        {__LINE__, "text", "text", 0},   {__LINE__, "a=b;c", "a=b;c", 0}, {__LINE__, "  two words  ", "two words", 0},
-        {__LINE__, "\" x \"", " x ", 0}, {__LINE__, "' '", " ", 0},       {__LINE__, "\"x'", "\"x'", 0},
-        {__LINE__, "\"", "\"", 0},       {__LINE__, "''", "", 99},        {__LINE__, "", "", 99},
-        {__LINE__, "12", "12", 12},      {__LINE__, "-7x", "-7x", -7},    {__LINE__, "0", "0", 0},
-    };
-    for (const ProfileCase& c : kRows) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.written);
-        const TestProfile profile({{"MORVANEL", "TestKey", c.written}});
+    const std::tuple<const char*, const char*, INT> kRows[] = {
+        {"text", "text", 0},   {"a=b;c", "a=b;c", 0}, {"  two words  ", "two words", 0},
+        {"\" x \"", " x ", 0}, {"' '", " ", 0},       {"\"x'", "\"x'", 0},
+        {"\"", "\"", 0},       {"''", "", 99},        {"", "", 99},
+        {"12", "12", 12},      {"-7x", "-7x", -7},    {"0", "0", 0}};
+    for (const auto& [written, read, number] : kRows) {
+        const TestProfile profile({{"MORVANEL", "TestKey", written}});
         char text[64];
-        EXPECT_EQ(GetProfileStringA("MORVANEL", "TestKey", "(default)", text, sizeof text), std::string(c.read).size());
-        EXPECT_STREQ(text, c.read);
-        EXPECT_EQ(static_cast<INT>(GetProfileIntA("MORVANEL", "TestKey", 99)), c.number);
+        EXPECT_EQ(GetProfileStringA("MORVANEL", "TestKey", "(default)", text, sizeof text), std::string(read).size());
+        EXPECT_STREQ(text, read) << written;
+        EXPECT_EQ(static_cast<INT>(GetProfileIntA("MORVANEL", "TestKey", 99)), number) << written;
     }
 }
 

@@ -1,6 +1,8 @@
-// The clock, and modules with their strings and notifications.
+// The clock, the version of the system, and modules with their names, strings and notifications.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstring>
 #include <ctime>
 #include <string>
 #include <thread>
@@ -11,38 +13,25 @@
 namespace {
 
 time_t SecondsOf(const SYSTEMTIME& time) {
-    tm utc = {};
-    utc.tm_year = time.wYear - 1900;
-    utc.tm_mon = time.wMonth - 1;
-    utc.tm_mday = time.wDay;
-    utc.tm_hour = time.wHour;
-    utc.tm_min = time.wMinute;
-    utc.tm_sec = time.wSecond;
-    return timegm(&utc);
+    using namespace std::chrono;
+    const sys_days date = year(time.wYear) / time.wMonth / time.wDay;
+    return date.time_since_epoch() / 1s + (time.wHour * 60 + time.wMinute) * 60 + time.wSecond;
 }
 
-TEST(Clock, RunsInUniversalTime) {
-    const time_t before = time(nullptr);
-    SYSTEMTIME now = {};
-    GetSystemTime(&now);
-    const time_t after = time(nullptr);
-    const time_t seconds = SecondsOf(now);
-    EXPECT_LE(before, seconds);
-    EXPECT_LE(seconds, after);
-    EXPECT_EQ(now.wDayOfWeek, (seconds / 86400 + 4) % 7);  // the first day was a Thursday
-    EXPECT_LT(now.wMilliseconds, 1000);
-}
-
-TEST(Clock, StandsWhereItIsSet) {
+TEST(Clock, RunsInUniversalTimeOrStandsWhereItIsSet) {
     const SYSTEMTIME moment = {2019, 5, 3, 1, 12, 34, 56, 789};
     HostSetClock(&moment);
     SYSTEMTIME now = {};
     GetSystemTime(&now);
     HostSetClock(nullptr);
-    EXPECT_EQ(SecondsOf(now), SecondsOf(moment));
-    EXPECT_EQ(now.wMilliseconds, 789);
+    EXPECT_EQ(std::memcmp(&now, &moment, sizeof now), 0);
+
+    const time_t before = time(nullptr);
     GetSystemTime(&now);
-    EXPECT_NE(SecondsOf(now), SecondsOf(moment));
+    const time_t seconds = SecondsOf(now);
+    EXPECT_TRUE(before <= seconds && seconds <= time(nullptr));
+    EXPECT_EQ(now.wDayOfWeek, (seconds / 86400 + 4) % 7);  // the first day was a Thursday
+    EXPECT_LT(now.wMilliseconds, 1000);
 }
 
 std::vector<std::string> heard;
@@ -54,9 +43,9 @@ BOOL Hear(HINSTANCE instance, DWORD reason, LPVOID) {
 }
 
 TEST(Modules, HearOfAttachThreadEndAndDetach) {
-    HostModule first = {"first", Hear<1>, nullptr, 0, nullptr};
-    HostModule second = {"second", Hear<2>, nullptr, 0, nullptr};
-    HostModule silent = {"silent", nullptr, nullptr, 0, nullptr};
+    HostModule first = {"first", Hear<1>, nullptr, 0, nullptr, 0, nullptr};
+    HostModule second = {"second", Hear<2>, nullptr, 0, nullptr, 0, nullptr};
+    HostModule silent = {"silent", nullptr, nullptr, 0, nullptr, 0, nullptr};
     heard.clear();
     HostAttachModule(&first);
     HostAttachModule(&silent);
@@ -81,27 +70,25 @@ TEST(Modules, HearOfAttachThreadEndAndDetach) {
 
 TEST(Modules, StringsComeFromTheirTables) {
     const HostString strings[] = {{10, "ten"}, {11, ""}, {65535, "last"}};
-    HostModule module = {"strings", nullptr, strings, 3, nullptr};
+    HostModule module = {"strings", nullptr, strings, 3, nullptr, 0, nullptr};
     struct {
-        int line;
         HINSTANCE instance;
         UINT id;
         INT size;
         INT length;
         const char* text;
     } const kRows[] = {
-        {__LINE__, &module, 10, 8, 3, "ten"},     {__LINE__, &module, 10, 4, 3, "ten"},
-        {__LINE__, &module, 10, 3, 2, "te"},      {__LINE__, &module, 10, 1, 0, ""},
-        {__LINE__, &module, 10, 0, 0, "#"},  // no room, nothing written
-        {__LINE__, &module, 10, -1, 0, "#"},      {__LINE__, &module, 11, 8, 0, ""},
-        {__LINE__, &module, 65535, 8, 4, "last"}, {__LINE__, &module, 12, 8, 0, ""},
-        {__LINE__, nullptr, 7, 8, 5, "seven"},  // the program's own
-        {__LINE__, nullptr, 10, 8, 0, ""},
+        {&module, 10, 8, 3, "ten"}, {&module, 10, 4, 3, "ten"},
+        {&module, 10, 3, 2, "te"},  {&module, 10, 1, 0, ""},
+        {&module, 10, 0, 0, "#"},   {&module, 10, -1, 0, "#"},  // no room, nothing written
+        {&module, 11, 8, 0, ""},    {&module, 65535, 8, 4, "last"},
+        {&module, 12, 8, 0, ""},    {nullptr, 7, 8, 5, "seven"},
+        {nullptr, 10, 8, 0, ""},  // the program's own
     };
     const HostString programStrings[] = {{7, "seven"}};
     HostSetProgramStrings(programStrings, 1);
     for (const auto& c : kRows) {
-        testing::ScopedTrace row(__FILE__, c.line, "");
+        SCOPED_TRACE(testing::Message() << c.id << " " << c.size);
         char buffer[] = "#########";
         EXPECT_EQ(LoadStringA(c.instance, c.id, buffer, c.size), c.length);
         EXPECT_EQ(std::string(buffer).substr(0, c.size > 0 ? std::string::npos : 1), c.text);
@@ -119,6 +106,26 @@ TEST(LastError, IsTheThreadsOwn) {
     }).join();
     EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
     SetLastError(ERROR_SUCCESS);
+}
+
+TEST(SystemVersion, TellsThePlatformAndTheKernel) {
+    OSVERSIONINFOA version = {};
+    EXPECT_FALSE(GetVersionExA(&version));
+    version.dwOSVersionInfoSize = sizeof version;
+    ASSERT_TRUE(GetVersionExA(&version));
+    EXPECT_EQ(version.dwPlatformId, VER_PLATFORM_WIN32_NT);
+    EXPECT_GE(version.dwMajorVersion, 3u);
+}
+
+TEST(ModuleNames, AreCutToTheBuffer) {
+    char path[520];
+    const DWORD length = GetModuleFileNameA(nullptr, path, sizeof path);
+    ASSERT_EQ(length, std::strlen(path));
+    EXPECT_NE(std::strstr(path, "host_tests"), nullptr);
+    char shortPath[8] = "#######";
+    EXPECT_EQ(GetModuleFileNameA(nullptr, shortPath, 5), 5u);
+    EXPECT_EQ(std::string(shortPath, 8), std::string(path, 4) + '\0' + "##" + '\0');
+    EXPECT_EQ(GetModuleFileNameA(nullptr, shortPath, 0), 0u);
 }
 
 }  // namespace

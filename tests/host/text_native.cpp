@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <morvl15/host_native.h>
@@ -29,40 +30,30 @@ TEST(TextCopy, CutsAtTheSize) {
     for (int size = -1; size <= 5; ++size) {
         char buffer[8] = "#######";
         EXPECT_EQ(lstrcpynA(buffer, "abc", size), buffer);
-        const std::string copied = size > 0 ? std::string("abc").substr(0, static_cast<size_t>(size) - 1) : "";
-        const std::string expected = size > 0 ? copied + '\0' + "#######" : "#######";
-        EXPECT_EQ(std::string(buffer, 7), expected.substr(0, 7)) << size;
+        const std::string copied = size > 0 ? std::string("abc").substr(0, static_cast<size_t>(size) - 1) + '\0' : "";
+        EXPECT_EQ(std::string(buffer, 7), copied + std::string(7 - copied.size(), '#')) << size;
     }
 }
 
-struct OrderCase {
-    int line;
-    uint16_t language;
-    std::vector<const char*> texts;  // each before the next
-};
-const OrderCase kOrders[] = {
-    {__LINE__, kEnglish, {"", " ", "#", "1", "2", "a", "A", "\xE4", "\xC4", "\xE6", "b", "B"}},
-    {__LINE__, kEnglish, {"Abd", "Abde", "abe", "ABF"}},                    // the alphabet before case
-    {__LINE__, kEnglish, {"resume", "Resume", "r\xE9sum\xE9", "resumes"}},  // ... and before marks
-    {__LINE__, kEnglish, {"coop", "co'op", "co-op", "Co-op", "coops"}},     // word sort
-    {__LINE__, kEnglish, {"", "'", "-", "--", "a", "a-"}},
-    {__LINE__, kGerman, {"Dezember", "Donnerstag", "Februar", "Mai", "M\xE4rz", "Mittwoch"}},
-    {__LINE__, 0x0419, {"z", "\xE0", "\xC0", "\xE1", "\xC1", "\xFF"}},        // Cyrillic behind Latin
-    {__LINE__, kJapanese, {"Z", "\xB1", "\xA6", "\x82\xA0", "\x88\x9F"}},     // katakana, hiragana, kanji
-    {__LINE__, kJapanese, {"\x82\x81", "\x82\x60", "\x82\x82", "\x82\x61"}},  // full width: small, capital
-};
-
-int Sign(int order) {
-    return (order > 0) - (order < 0);
-}
-
 TEST(TextOrder, IsThatOfWords) {
-    for (const OrderCase& c : kOrders) {
-        TestLanguage language(c.language);
-        for (size_t i = 0; i < c.texts.size(); ++i) {
-            for (size_t j = 0; j < c.texts.size(); ++j) {
-                testing::ScopedTrace row(__FILE__, c.line, std::string(c.texts[i]) + " " + c.texts[j]);
-                EXPECT_EQ(lstrcmpA(c.texts[i], c.texts[j]), (i > j) - (i < j));
+    const std::pair<LANGID, std::vector<const char*>> kRows[] = {
+        {kEnglish, {"", " ", "#", "1", "2", "a", "A", "\xE4", "\xC4", "\xE6", "b", "B"}},
+        {kEnglish, {"Abd", "Abde", "abe", "ABF"}},                    // the alphabet before case
+        {kEnglish, {"resume", "Resume", "r\xE9sum\xE9", "resumes"}},  // ... and before marks
+        {kEnglish, {"oo", "o\xF6", "\xF6o", "\xF6\xF6"}},             // of marks the first
+        {kEnglish, {"coop", "co'op", "co-op", "Co-op", "coops"}},     // word sort
+        {kEnglish, {"", "'", "-", "--", "a", "a-"}},
+        {kGerman, {"Dezember", "Donnerstag", "Februar", "Mai", "M\xE4rz", "Mittwoch"}},
+        {0x0419, {"z", "\xE0", "\xC0", "\xE1", "\xC1", "\xFF"}},        // Cyrillic behind Latin
+        {kJapanese, {"Z", "\xB1", "\xA6", "\x82\xA0", "\x88\x9F"}},     // katakana, hiragana, kanji
+        {kJapanese, {"\x82\x81", "\x82\x60", "\x82\x82", "\x82\x61"}},  // full width: small, capital
+    };
+    for (const auto& [language, texts] : kRows) {
+        const TestLanguage inForce(language);
+        for (const char* const& first : texts) {
+            for (const char* const& second : texts) {
+                const int order = (&first > &second) - (&first < &second);
+                EXPECT_EQ(lstrcmpA(first, second), order) << first << " " << second;
             }
         }
     }
@@ -70,30 +61,27 @@ TEST(TextOrder, IsThatOfWords) {
 
 TEST(TextOrder, WithoutCase) {
     struct {
-        int line;
-        uint16_t language;
-        const char* first;
-        const char* second;
+        LANGID language;
+        const char* texts[2];
         int order;
     } const kRows[] = {
-        {__LINE__, kEnglish, "January", "jANUARY", 0},
-        {__LINE__, kEnglish, "\xC4RZ", "\xE4rz", 0},
-        {__LINE__, kEnglish, "\xE4", "a", 1},
-        {__LINE__, kEnglish, "co-op", "CO-OP", 0},
-        {__LINE__, kEnglish, "co-op", "COOP", 1},
-        {__LINE__, kEnglish, "A", "b", -1},
-        {__LINE__, kEnglish, "\x81", "\x8D", -1},  // bytes without a character differ
-        {__LINE__, kJapanese, "\x82\x81", "\x82\x60", 0},
-        {__LINE__, kJapanese, "\x82\x81", "a", 1},          // widths differ
-        {__LINE__, kJapanese, "\x83\x41", "\x83\x61", -1},  // trail bytes are no letters
-        {__LINE__, kEnglish, nullptr, "", -1},
-        {__LINE__, kEnglish, nullptr, nullptr, 0},
+        {kEnglish, {"January", "jANUARY"}, 0},
+        {kEnglish, {"\xC4RZ", "\xE4rz"}, 0},
+        {kEnglish, {"\xE4", "a"}, 1},
+        {kEnglish, {"co-op", "CO-OP"}, 0},
+        {kEnglish, {"co-op", "COOP"}, 1},
+        {kEnglish, {"A", "b"}, -1},
+        {kEnglish, {"\x81", "\x8D"}, -1},  // bytes without a character differ
+        {kJapanese, {"\x82\x81", "\x82\x60"}, 0},
+        {kJapanese, {"\x82\x81", "a"}, 1},          // widths differ
+        {kJapanese, {"\x83\x41", "\x83\x61"}, -1},  // trail bytes are no letters
+        {kEnglish, {nullptr, ""}, -1},
+        {kEnglish, {nullptr, nullptr}, 0},
     };
     for (const auto& c : kRows) {
-        testing::ScopedTrace row(__FILE__, c.line, "");
-        TestLanguage language(c.language);
-        EXPECT_EQ(lstrcmpiA(c.first, c.second), c.order);
-        EXPECT_EQ(lstrcmpiA(c.second, c.first), -c.order);
+        const TestLanguage inForce(c.language);
+        EXPECT_EQ(lstrcmpiA(c.texts[0], c.texts[1]), c.order) << testing::PrintToString(c.texts);
+        EXPECT_EQ(lstrcmpiA(c.texts[1], c.texts[0]), -c.order) << testing::PrintToString(c.texts);
     }
 }
 
@@ -109,17 +97,14 @@ TEST(TextOrder, IsAnOrder) {
             for (char& byte : text) byte = kBytes[random() % (sizeof kBytes - 1)];
             texts.push_back(text);
         }
-        const auto before = [](const std::string& a, const std::string& b) {
-            return lstrcmpA(a.c_str(), b.c_str()) < 0;
-        };
-        std::sort(texts.begin(), texts.end(), before);
-        for (size_t i = 0; i < texts.size(); ++i) {
-            for (size_t j = i; j < texts.size(); ++j) {
-                const int order = lstrcmpA(texts[i].c_str(), texts[j].c_str());
-                EXPECT_LE(order, 0) << texts[i] << " | " << texts[j];
-                EXPECT_EQ(order == 0, texts[i] == texts[j]) << texts[i] << " | " << texts[j];
-                EXPECT_EQ(Sign(lstrcmpA(texts[j].c_str(), texts[i].c_str())), -order);
-                EXPECT_LE(lstrcmpiA(texts[i].c_str(), texts[j].c_str()) == 0 ? 0 : order, 0);
+        std::sort(texts.begin(), texts.end(),
+                  [](const std::string& a, const std::string& b) { return lstrcmpA(a.c_str(), b.c_str()) < 0; });
+        for (auto first = texts.begin(); first != texts.end(); ++first) {
+            for (auto second = first; second != texts.end(); ++second) {
+                const int order = lstrcmpA(first->c_str(), second->c_str());
+                EXPECT_EQ(order, *first == *second ? 0 : -1) << *first << " | " << *second;
+                EXPECT_EQ(lstrcmpA(second->c_str(), first->c_str()), -order) << *first << " | " << *second;
+                EXPECT_LE(lstrcmpiA(first->c_str(), second->c_str()) == 0 ? 0 : order, 0);
             }
         }
     }

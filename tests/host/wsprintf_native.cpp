@@ -20,63 +20,32 @@ std::string Printed(const char* format, Arguments... arguments) {
 
 TEST(WsPrintf, Numbers) {
     struct {
-        int line;
         const char* format;
         int32_t value;
         const char* want;
     } const kRows[] = {
-        {__LINE__, "%d", 0, "0"},
-        {__LINE__, "%i", -42, "-42"},
-        {__LINE__, "%ld", INT32_MIN, "-2147483648"},
-        {__LINE__, "%u", -1, "4294967295"},
-        {__LINE__, "%lu", 7, "7"},
-        {__LINE__, "%x|", 0xBEEF, "beef|"},
-        {__LINE__, "%lX", -1, "FFFFFFFF"},
-        {__LINE__, "%#x", 255, "0xff"},
-        {__LINE__, "%#X", 255, "0XFF"},
-        {__LINE__, "%hd", 0x12345, "9029"},
-        {__LINE__, "%hd", 0xFFFF, "-1"},
-        {__LINE__, "%hu", -1, "65535"},
-        {__LINE__, "%hx", -1, "ffff"},
-        {__LINE__, "%5d|", 42, "   42|"},
-        {__LINE__, "%-5d|", 42, "42   |"},
-        {__LINE__, "%05d", -42, "-0042"},
-        {__LINE__, "%-05d|", 42, "42   |"},
-        {__LINE__, "%02d", 123, "123"},
-        {__LINE__, "%.4d", -42, "-0042"},
-        {__LINE__, "%7.4d|", -42, "  -0042|"},
-        {__LINE__, "%07.4d|", 42, "   0042|"},  // a precision turns zeros off
-        {__LINE__, "%#08x", 255, "0x0000ff"},
-        {__LINE__, "%#8x|", 255, "    0xff|"},
-        {__LINE__, "%.0d", 0, "0"},
-        {__LINE__, "%c", 'x', "x"},
-        {__LINE__, "%3c|", 'x', "  x|"},
-        {__LINE__, "%-3c|", 'x', "x  |"},
+        {"%d", 0, "0"},           {"%i", -42, "-42"},      {"%lu", 7, "7"},          {"%x|", 0xBEEF, "beef|"},
+        {"%#x", 255, "0xff"},     {"%#X", 255, "0XFF"},    {"%hx", -1, "ffff"},      {"%hu", -1, "65535"},
+        {"%hd", 0x12345, "9029"}, {"%hd", 0xFFFF, "-1"},   {"%u", -1, "4294967295"}, {"%lX", -1, "FFFFFFFF"},
+        {"%05d", -42, "-0042"},   {"%02d", 123, "123"},    {"%.4d", -42, "-0042"},   {"%.0d", 0, "0"},
+        {"%5d|", 42, "   42|"},   {"%-5d|", 42, "42   |"}, {"%-05d|", 42, "42   |"},
     };
-    for (const auto& c : kRows) {
-        testing::ScopedTrace row(__FILE__, c.line, c.format);
-        EXPECT_EQ(Printed(c.format, c.value), c.want);
-    }
+    for (const auto& c : kRows) EXPECT_EQ(Printed(c.format, c.value), c.want) << c.format;
+    EXPECT_EQ(Printed("%ld", INT32_MIN), "-2147483648");
+    EXPECT_EQ(Printed("%7.4d|%07.4d|%#08x|%#8x", -42, 42, 255, 255), "  -0042|   0042|0x0000ff|    0xff");
+    EXPECT_EQ(Printed("%c|%3c|%-3c|", 'x', 'y', 'z'), "x|  y|z  |");
 }
 
 TEST(WsPrintf, Texts) {
-    struct {
-        int line;
-        const char* format;
-        const char* text;
-        const char* want;
-    } const kRows[] = {
-        {__LINE__, "[%s]", "abc", "[abc]"},    {__LINE__, "[%s]", "", "[]"},
-        {__LINE__, "[%5s]", "abc", "[  abc]"}, {__LINE__, "[%-5s]", "abc", "[abc  ]"},
-        {__LINE__, "[%.2s]", "abc", "[ab]"},   {__LINE__, "[%4.1s]", "abc", "[   a]"},
-        {__LINE__, "[%.0s]", "abc", "[]"},     {__LINE__, "[%s]", nullptr, "[(null)]"},
-        {__LINE__, "100%%", "", "100%"},       {__LINE__, "%q %s", "abc", "q abc"},
-        {__LINE__, "%s%", "abc", "abc"},       {__LINE__, "%s%-05.3l", "abc", "abc"},
+    constexpr const char* kRows[][3] = {
+        {"[%s]", "abc", "[abc]"},    {"[%s]", "", "[]"},
+        {"[%5s]", "abc", "[  abc]"}, {"[%-5s]", "abc", "[abc  ]"},
+        {"[%.2s]", "abc", "[ab]"},   {"[%4.1s]", "abc", "[   a]"},
+        {"[%.0s]", "abc", "[]"},     {"[%s]", nullptr, "[(null)]"},
+        {"100%%", "", "100%"},       {"%q %s", "abc", "q abc"},
+        {"%s%", "abc", "abc"},       {"%s%-05.3l", "abc", "abc"},
     };
-    for (const auto& c : kRows) {
-        testing::ScopedTrace row(__FILE__, c.line, c.format);
-        EXPECT_EQ(Printed(c.format, c.text), c.want);
-    }
+    for (const auto& [format, text, want] : kRows) EXPECT_EQ(Printed(format, text), want) << format;
     EXPECT_EQ(Printed("%d/%s/%c/%x", 1, "two", '3', 4), "1/two/3/4");
 }
 
@@ -85,6 +54,7 @@ TEST(WsPrintf, NeverMoreThan1024Bytes) {
     EXPECT_EQ(Printed("%s", longText.c_str()), std::string(1023, 'x'));
     EXPECT_EQ(Printed(longText.c_str()), std::string(1023, 'x'));
     EXPECT_EQ(Printed("%5000d", 1), std::string(1023, ' '));
+    EXPECT_EQ(Printed("x%5000d", 1), "x" + std::string(1022, ' '));
     EXPECT_EQ(Printed("%.99999999999d", 1), std::string(1023, '0'));
     EXPECT_EQ(Printed("%1022dx%d", 1, 5), std::string(1021, ' ') + "1x");
     EXPECT_EQ(Printed("%-1022sxyz", "a"), "a" + std::string(1021, ' ') + "x");

@@ -29,7 +29,7 @@ MORVL_HOST_API void SetLastError(DWORD error);
 // The fields are the host's own. All zero is a section that nobody holds.
 typedef struct CRITICAL_SECTION {
     int32_t state;    // 0 free, 1 held, 2 held and waited for
-    int32_t depth;    // how often the owner has entered
+    int32_t depth;    // how often the owner has entered again
     uintptr_t owner;  // the owning thread, 0 for none
 } CRITICAL_SECTION;
 

@@ -42,4 +42,28 @@ typedef HINSTANCE HMODULE;
 typedef struct HostWindow* HWND;
 typedef struct HostMenu* HMENU;
 
+typedef struct HostContext* HDC;
+typedef void* HGDIOBJ;
+typedef struct HostPen* HPEN;
+typedef struct HostBrush* HBRUSH;
+typedef struct HostFont* HFONT;
+typedef struct HostBitmap* HBITMAP;
+
+typedef struct POINT {
+    LONG x;
+    LONG y;
+} POINT;
+
+typedef struct SIZE {
+    LONG cx;
+    LONG cy;
+} SIZE;
+
+typedef struct RECT {
+    LONG left;
+    LONG top;
+    LONG right;
+    LONG bottom;
+} RECT;
+
 #endif

@@ -5,7 +5,7 @@
 
 #include <morvl15/host.h>
 
-enum class ObjectKind : uint8_t { kMutex, kMapping };
+enum class ObjectKind : uint8_t { kMutex, kMapping, kFile, kPrinter };
 
 // What a handle stands for. Its end closes the object for this process.
 class KernelObject {

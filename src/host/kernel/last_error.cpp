@@ -1,9 +1,11 @@
 // The last-error value of a thread.
 #include <morvl15/host.h>
 
+#include "thread_local.h"
+
 namespace {
 
-thread_local DWORD lastError = ERROR_SUCCESS;
+HOST_THREAD_LOCAL DWORD lastError = ERROR_SUCCESS;
 
 }  // namespace
 

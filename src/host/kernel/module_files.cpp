@@ -19,14 +19,14 @@ namespace {
 constexpr size_t kLargestNames = 1 << 20;
 constexpr size_t kLargestSection = 1 << 16;
 
-class ReadFile {
+class ModuleFile {
   public:
-    explicit ReadFile(const char* path) : file_(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
-    ~ReadFile() {
+    explicit ModuleFile(const char* path) : file_(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
+    ~ModuleFile() {
         if (file_ >= 0) close(file_);
     }
-    ReadFile(const ReadFile&) = delete;
-    ReadFile& operator=(const ReadFile&) = delete;
+    ModuleFile(const ModuleFile&) = delete;
+    ModuleFile& operator=(const ModuleFile&) = delete;
 
     bool Read(uint64_t offset, void* bytes, size_t size) const {
         return offset <= INT64_MAX &&
@@ -50,7 +50,7 @@ bool IsModule(const ElfW(Ehdr) & header) {
            header.e_ident[EI_DATA] == ELFDATA2LSB && header.e_shentsize == sizeof(ElfW(Shdr));
 }
 
-std::vector<ElfW(Shdr)> ReadSections(const ReadFile& file, const ElfW(Ehdr) & header) {
+std::vector<ElfW(Shdr)> ReadSections(const ModuleFile& file, const ElfW(Ehdr) & header) {
     std::vector<ElfW(Shdr)> sections(header.e_shnum);
     if (!file.Read(header.e_shoff, sections.data(), sections.size() * sizeof(ElfW(Shdr)))) sections.clear();
     return sections;
@@ -75,7 +75,7 @@ std::string PathOfModule(const HostModule* module) {
 }  // namespace
 
 std::string HostReadSection(const char* path, const char* section) {
-    const ReadFile file(path);
+    const ModuleFile file(path);
     ElfW(Ehdr) header = {};
     if (!file.Read(0, &header, sizeof header) || !IsModule(header)) return {};
     const std::vector<ElfW(Shdr)> sections = ReadSections(file, header);

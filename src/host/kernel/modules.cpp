@@ -1,4 +1,4 @@
-// Modules: attaching, detaching, notifications, string tables.
+// Modules: attaching, detaching, notifications, string tables, dialog templates.
 #include "modules.h"
 
 #include <mutex>
@@ -53,6 +53,19 @@ void HostNotifyThreadDetach() {
 void HostSetProgramStrings(const HostString* strings, size_t count) {
     program.strings = strings;
     program.stringCount = count;
+}
+
+void HostSetProgramDialogs(const HostDialog* dialogs, size_t count) {
+    program.dialogs = dialogs;
+    program.dialogCount = count;
+}
+
+const HostDialog* HostFindDialog(HINSTANCE instance, const char* name) {
+    const HostModule& module = instance != nullptr ? *instance : program;
+    for (size_t i = 0; i < module.dialogCount; ++i) {
+        if (_stricmp(module.dialogs[i].name, name) == 0) return &module.dialogs[i];
+    }
+    return nullptr;
 }
 
 const char* HostFindString(HINSTANCE instance, UINT id) {

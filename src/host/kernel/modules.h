@@ -8,3 +8,6 @@ void HostNotifyThreadDetach();
 
 // The string of a module's table, or null. Instance null is the program itself.
 const char* HostFindString(HINSTANCE instance, UINT id);
+
+// A dialog template of a module, or null. Names are compared without regard to case.
+const HostDialog* HostFindDialog(HINSTANCE instance, const char* name);

@@ -2,6 +2,7 @@
 #include <pthread.h>
 #include <sys/mman.h>
 
+#include <atomic>
 #include <cerrno>
 #include <ctime>
 
@@ -57,24 +58,46 @@ class Mutex : public KernelObject {
 
     ~Mutex() override;
 
-    DWORD Wait(DWORD milliseconds);
-    bool Release() { return pthread_mutex_unlock(&page_->mutex) == 0; }
+    MutexPage* Page() { return page_.get(); }
 
   private:
-    int Take(DWORD milliseconds);
-
     std::shared_ptr<NamedMemory> memory_;
     MutexView page_;
 };
 
+// The mutex that was used last: the address of its page and, in the low bits that are 0 in such an address, its handle.
+// Most processes know one mutex and find it here by one load. The way to it is kept as short as that: next to the taking
+// of a mutex, processors do calls and loads one after the other.
+constinit std::atomic<uintptr_t> recentMutex{0};
+constexpr uintptr_t kHandleBits = 0xFFF;
+
 // The memory of a mutex that is owned stays: when its owner dies, the system and the C library still look into it.
 Mutex::~Mutex() {
+    uintptr_t recent = recentMutex.load();
+    if ((recent & ~kHandleBits) == reinterpret_cast<uintptr_t>(page_.get())) {
+        recentMutex.compare_exchange_strong(recent, 0);
+    }
     if (__atomic_load_n(&page_->mutex.__data.__lock, __ATOMIC_RELAXED) != 0) static_cast<void>(page_.release());
 }
 
-int Mutex::Take(DWORD milliseconds) {
-    if (milliseconds == INFINITE) return pthread_mutex_lock(&page_->mutex);
-    if (milliseconds == 0) return pthread_mutex_trylock(&page_->mutex);
+// Finds a page by the table of handles and makes it the recent one. Out of line, for the short way to need no registers.
+[[gnu::noinline]] MutexPage* LookUpPage(HANDLE handle) {
+    auto* object = HostFindObject<Mutex>(handle);
+    if (object == nullptr) return nullptr;
+    const auto number = reinterpret_cast<uintptr_t>(handle);
+    if (number <= kHandleBits) recentMutex.store(reinterpret_cast<uintptr_t>(object->Page()) | number);
+    return object->Page();
+}
+
+// The page of a handle, or null, with the last error set, when there is none.
+inline MutexPage* PageOf(HANDLE handle) {
+    const uintptr_t recent = recentMutex.load(std::memory_order_acquire);
+    const bool found = (recent & kHandleBits) == reinterpret_cast<uintptr_t>(handle) && recent != 0;
+    return found ? reinterpret_cast<MutexPage*>(recent & ~kHandleBits) : LookUpPage(handle);
+}
+
+int TakeWithin(pthread_mutex_t* mutex, DWORD milliseconds) {
+    if (milliseconds == 0) return pthread_mutex_trylock(mutex);
     timespec until = {};
     clock_gettime(CLOCK_MONOTONIC, &until);
     until.tv_sec += milliseconds / 1000;
@@ -83,13 +106,13 @@ int Mutex::Take(DWORD milliseconds) {
         ++until.tv_sec;
         until.tv_nsec -= 1000000000;
     }
-    return pthread_mutex_clocklock(&page_->mutex, CLOCK_MONOTONIC, &until);
+    return pthread_mutex_clocklock(mutex, CLOCK_MONOTONIC, &until);
 }
 
-DWORD Mutex::Wait(DWORD milliseconds) {
-    switch (Take(milliseconds)) {
-        case 0: return WAIT_OBJECT_0;
-        case EOWNERDEAD: pthread_mutex_consistent(&page_->mutex); return WAIT_ABANDONED;
+// What a wait says of a mutex that wasn't simply taken.
+[[gnu::noinline]] DWORD OutcomeOf(pthread_mutex_t* mutex, int error) {
+    switch (error) {
+        case EOWNERDEAD: pthread_mutex_consistent(mutex); return WAIT_ABANDONED;
         case EBUSY:
         case ETIMEDOUT: return WAIT_TIMEOUT;
         default: SetLastError(ERROR_INVALID_HANDLE); return WAIT_FAILED;
@@ -141,14 +164,17 @@ HANDLE OpenMutexA(DWORD /*access*/, BOOL /*inherit*/, LPCSTR name) {
 }
 
 BOOL ReleaseMutex(HANDLE handle) {
-    auto* mutex = HostFindObject<Mutex>(handle);
-    if (mutex == nullptr) return FALSE;
-    if (mutex->Release()) return TRUE;
+    MutexPage* page = PageOf(handle);
+    if (page == nullptr) return FALSE;
+    if (pthread_mutex_unlock(&page->mutex) == 0) return TRUE;
     SetLastError(ERROR_NOT_OWNER);
     return FALSE;
 }
 
 DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds) {
-    auto* mutex = HostFindObject<Mutex>(handle);
-    return mutex != nullptr ? mutex->Wait(milliseconds) : WAIT_FAILED;
+    MutexPage* page = PageOf(handle);
+    if (page == nullptr) return WAIT_FAILED;
+    const int error =
+        milliseconds == INFINITE ? pthread_mutex_lock(&page->mutex) : TakeWithin(&page->mutex, milliseconds);
+    return error == 0 ? WAIT_OBJECT_0 : OutcomeOf(&page->mutex, error);
 }

@@ -9,6 +9,7 @@
 #include <morvl15/host_native.h>
 
 #include "modules.h"
+#include "thread_local.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ struct ThreadValue {
 };
 using ThreadValues = std::array<ThreadValue, kIndexes>;
 
-thread_local ThreadValues* threadValues = nullptr;
+HOST_THREAD_LOCAL ThreadValues* threadValues = nullptr;
 
 // The routine of a pthread key runs while the thread's own variables still live, which a destructor of theirs would
 // not promise to the modules it calls.
