@@ -13,10 +13,22 @@
 #define WIN32_LEAN_AND_MEAN
 #endif
 #include <windows.h>
+
+// What the lean header leaves out: the common dialogs, printers.
+#include <commdlg.h>
+#include <winspool.h>
+
+#include <stdlib.h>  // _fullpath
+#include <string.h>  // _stricmp
 #else
+#include <morvl15/host/controls.h>
+#include <morvl15/host/dialogs.h>
+#include <morvl15/host/files.h>
+#include <morvl15/host/gdi.h>
 #include <morvl15/host/kernel.h>
 #include <morvl15/host/locale.h>
 #include <morvl15/host/objects.h>
+#include <morvl15/host/spool.h>
 #include <morvl15/host/types.h>
 #include <morvl15/host/user.h>
 #include <morvl15/host/version.h>

@@ -40,6 +40,8 @@ MORVL_HOST_API INT GetClassNameA(HWND window, LPSTR buffer, INT size);
 #define WS_OVERLAPPED 0x00000000u
 #define WS_POPUP 0x80000000u
 
+#define CW_USEDEFAULT ((INT)0x80000000)
+
 #define GWLP_WNDPROC (-4)
 #define GWLP_HINSTANCE (-6)
 #define GWLP_ID (-12)
@@ -63,7 +65,7 @@ typedef struct CREATESTRUCTA {
     DWORD dwExStyle;
 } CREATESTRUCTA;
 
-// For a child window the menu argument is its id.
+// For a child window the menu argument is its id. The parent of any other window is its owner, with which it goes.
 MORVL_HOST_API HWND CreateWindowExA(DWORD extendedStyle, LPCSTR className, LPCSTR text, DWORD style, INT x, INT y,
                                     INT width, INT height, HWND parent, HMENU menu, HINSTANCE instance, LPVOID param);
 MORVL_HOST_API BOOL DestroyWindow(HWND window);  // only by the thread that made it

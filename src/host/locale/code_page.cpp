@@ -43,9 +43,10 @@ constexpr UINT kCodePages[] = {874, 932, 936, 949, 950, 1250, 1251, 1252, 1253, 
 // in any order of shut-down.
 struct BuiltCodePage {
     std::once_flag once;
-    const CodePage* page;
+    const CodePage* page = nullptr;
 };
-BuiltCodePage builtCodePages[std::size(kCodePages)];
+// In a static program the library asks for a code page before the host's own objects would be constructed.
+constinit BuiltCodePage builtCodePages[std::size(kCodePages)];
 
 UINT FindLanguage(LANGID language) {
     for (const LanguageCodePage& row : kLanguageCodePages) {

@@ -1,15 +1,11 @@
 // How a code page is built: the C library's converter tells what its codes mean, Unicode tells what they are, and the
 // platform's lead bytes stand as they do there, converter or not.
-#include <iconv.h>
-
 #include <algorithm>
-#include <cstdio>
 
 #include "code_page.h"
+#include "code_page_converter.h"
 
 namespace {
-
-constexpr uint32_t kNoCharacter = 0xFFFFFFFF;
 
 struct LeadBytes {
     UINT codePage;
@@ -37,62 +33,6 @@ struct SecondCodes {
 };
 constexpr SecondCodes kSecondCodes[] = {{932, 0xFA40, 0xEEEF, 10}};  // small Roman numerals
 
-// A converter between a code page and UTF-32, one character at a time. ASCII is itself in every code page.
-class Converter {
-  public:
-    explicit Converter(UINT codePage) {
-        char name[16];
-        std::snprintf(name, sizeof name, "CP%u", codePage);
-        toUnicode_ = iconv_open(kUnicode, name);
-        fromUnicode_ = iconv_open(name, kUnicode);
-    }
-    ~Converter() {
-        if (IsOpen(toUnicode_)) iconv_close(toUnicode_);
-        if (IsOpen(fromUnicode_)) iconv_close(fromUnicode_);
-    }
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-
-    // The character of a single byte, or kNoCharacter.
-    uint32_t ToUnicode(uint8_t byte) {
-        if (byte < kAsciiEnd) return byte;
-        char in = static_cast<char>(byte);
-        uint32_t character[2] = {};
-        return Convert(toUnicode_, &in, 1, character, sizeof character) == 4 ? character[0] : kNoCharacter;
-    }
-
-    // The code of a character: a single byte, or lead and trail byte; 0 where the code page doesn't have it.
-    uint16_t FromUnicode(uint32_t character) {
-        if (character < kAsciiEnd) return static_cast<uint16_t>(character);
-        char code[8] = {};
-        const size_t bytes = Convert(fromUnicode_, &character, sizeof character, code, sizeof code);
-        if (bytes == 1) return static_cast<uint8_t>(code[0]);
-        return bytes == 2 ? DoubleByteCode(code) : 0;
-    }
-
-  private:
-    static constexpr const char* kUnicode = "UTF-32LE";
-    static constexpr uint32_t kAsciiEnd = 0x80;
-
-    static bool IsOpen(iconv_t converter) { return converter != reinterpret_cast<iconv_t>(-1); }
-
-    // Bytes given, 0 where there is no conversion. Some converters hold a letter back, waiting for its mark: asking for
-    // the rest brings it out.
-    static size_t Convert(iconv_t converter, void* in, size_t inBytes, void* out, size_t outBytes) {
-        if (!IsOpen(converter)) return 0;
-        iconv(converter, nullptr, nullptr, nullptr, nullptr);
-        char* from = static_cast<char*>(in);
-        char* to = static_cast<char*>(out);
-        size_t room = outBytes;
-        const bool converted =
-            iconv(converter, &from, &inBytes, &to, &room) == 0 && iconv(converter, nullptr, nullptr, &to, &room) == 0;
-        return converted ? outBytes - room : 0;
-    }
-
-    iconv_t toUnicode_;
-    iconv_t fromUnicode_;
-};
-
 bool IsUserCode(UINT codePage, uint16_t code) {
     return std::any_of(std::begin(kUserCodes), std::end(kUserCodes), [=](const CodeRange& range) {
         return range.codePage == codePage && range.first <= code && code <= range.last;
@@ -119,7 +59,7 @@ SortWeight WeightOf(const UnicodeLetter& letter) {
 }
 
 // A single byte that is a letter or a digit. Its other case must be a single byte too.
-void DescribeLetter(CodePage& page, Converter& converter, uint8_t byte, const UnicodeLetter& letter) {
+void DescribeLetter(CodePage& page, CodePageConverter& converter, uint8_t byte, const UnicodeLetter& letter) {
     const auto otherCase = [&](uint16_t character) {
         const uint16_t code = character != letter.code ? converter.FromUnicode(character) : uint16_t{0};
         return code != 0 && code < 0x100 ? static_cast<uint8_t>(code) : byte;
@@ -130,7 +70,7 @@ void DescribeLetter(CodePage& page, Converter& converter, uint8_t byte, const Un
     page.weight[byte] = WeightOf(letter);
 }
 
-void DescribeSingleByte(CodePage& page, Converter& converter, uint8_t byte) {
+void DescribeSingleByte(CodePage& page, CodePageConverter& converter, uint8_t byte) {
     page.upper[byte] = byte;
     page.lower[byte] = byte;
     const uint32_t character = converter.ToUnicode(byte);
@@ -158,7 +98,7 @@ void DescribeDoubleByteCase(CodePage& page, uint16_t code, uint16_t upper, uint1
 }
 
 // Double-byte characters with another case, as far as both are in the code page.
-void DescribeDoubleBytes(CodePage& page, Converter& converter) {
+void DescribeDoubleBytes(CodePage& page, CodePageConverter& converter) {
     const auto doubleByteCode = [&](uint16_t character) {
         const uint16_t code = converter.FromUnicode(character);
         return code > 0xFF && !IsUserCode(page.id, code) ? code : uint16_t{0};
@@ -190,7 +130,7 @@ void DescribeSecondCodes(CodePage& page) {
 void BuildCodePage(CodePage& page, UINT id) {
     page.id = id;
     MarkLeadBytes(page);
-    Converter converter(id);
+    CodePageConverter converter(id);
     for (unsigned byte = 0; byte < 256; ++byte) DescribeSingleByte(page, converter, static_cast<uint8_t>(byte));
     if (std::find(page.isLead.begin(), page.isLead.end(), true) == page.isLead.end()) return;
     DescribeDoubleBytes(page, converter);

@@ -21,14 +21,9 @@ struct EditControl : HostControl {
     void PutCaret(size_t at) { anchor = caret = at; }
 };
 
-void Report(HWND window, INT notification) {
-    SendMessageA(GetParent(window), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window), notification),
-                 reinterpret_cast<LPARAM>(window));
-}
-
 void ReportChange(HWND window) {
-    Report(window, EN_UPDATE);
-    Report(window, EN_CHANGE);
+    HostNotifyParent(window, EN_UPDATE);
+    HostNotifyParent(window, EN_CHANGE);
 }
 
 bool IsReadOnly(HWND window) {
@@ -57,7 +52,7 @@ void ReplaceSelection(HWND window, EditControl& edit, std::string insertion) {
     edit.text.replace(start, edit.End() - start, insertion);
     edit.PutCaret(start + insertion.size());
     edit.modified = true;
-    if (tooLong) Report(window, EN_MAXTEXT);
+    if (tooLong) HostNotifyParent(window, EN_MAXTEXT);
     ReportChange(window);
 }
 
@@ -200,6 +195,7 @@ LRESULT CALLBACK HostEditProcedure(HWND window, UINT message, WPARAM wParam, LPA
             SetWindowLongPtrA(window, GWL_STYLE, wParam != 0 ? style | ES_READONLY : style & ~ES_READONLY);
             return 1;
         }
+        case WM_GETDLGCODE: return DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL;
         case WM_KEYDOWN: KeyDown(window, edit, wParam); return 0;
         case WM_CHAR: Type(window, edit, wParam); return 1;
         case WM_COPY: Copy(window, edit); return 1;
@@ -209,8 +205,8 @@ LRESULT CALLBACK HostEditProcedure(HWND window, UINT message, WPARAM wParam, LPA
             return 1;
         case WM_PASTE: Paste(window, edit); return 1;
         case WM_CLEAR: Clear(window, edit); return 1;
-        case WM_SETFOCUS: Report(window, EN_SETFOCUS); return 0;
-        case WM_KILLFOCUS: Report(window, EN_KILLFOCUS); return 0;
+        case WM_SETFOCUS: HostNotifyParent(window, EN_SETFOCUS); return 0;
+        case WM_KILLFOCUS: HostNotifyParent(window, EN_KILLFOCUS); return 0;
         default: return DefWindowProcA(window, message, wParam, lParam);
     }
 }

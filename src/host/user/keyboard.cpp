@@ -5,6 +5,8 @@
 
 #include <morvl15/host_native.h>
 
+#include "window.h"
+
 namespace {
 
 constexpr BYTE kDown = 0x80;
@@ -33,9 +35,13 @@ BOOL GetKeyboardState(BYTE* states) {
 HWND SetFocus(HWND window) {
     HWND old = focusWindow;
     if (old == window) return old;
+    if (window != nullptr && (!IsWindow(window) || !HostIsEnabledThroughout(window))) return nullptr;
     focusWindow = window;
     if (old != nullptr) SendMessageA(old, WM_KILLFOCUS, reinterpret_cast<WPARAM>(window), 0);
-    if (window != nullptr) SendMessageA(window, WM_SETFOCUS, reinterpret_cast<WPARAM>(old), 0);
+    if (window != nullptr && focusWindow == window) {
+        HostRaise(window);
+        SendMessageA(window, WM_SETFOCUS, reinterpret_cast<WPARAM>(old), 0);
+    }
     return old;
 }
 

@@ -1,5 +1,6 @@
 // Message queues, sending and posting, and what a window does with a message that its class leaves alone.
 #include <algorithm>
+#include <chrono>
 #include <condition_variable>
 #include <cstring>
 #include <deque>
@@ -7,9 +8,9 @@
 
 #include "window.h"
 
-// A message sent from another thread, which waits for the answer.
+// A message sent from another thread, which waits for the answer. Both threads hold it: the sender may give up first.
 struct SentMessage {
-    MSG message;
+    MSG message = {};
     LRESULT result = 0;
     bool answered = false;
     std::shared_ptr<HostThreadQueue> sender;
@@ -19,7 +20,7 @@ struct HostThreadQueue {
     std::mutex lock;
     std::condition_variable arrived;
     std::deque<MSG> posted;
-    std::deque<SentMessage*> sent;
+    std::deque<std::shared_ptr<SentMessage>> sent;
     bool quitPosted = false;
     INT exitCode = 0;
     bool ended = false;  // the thread is gone; nothing answers here any more
@@ -33,13 +34,13 @@ struct QueueOfThread {
 
     QueueOfThread() = default;
     ~QueueOfThread() {
-        std::deque<SentMessage*> unanswered;
+        std::deque<std::shared_ptr<SentMessage>> unanswered;
         {
             const std::lock_guard guard(queue->lock);
             queue->ended = true;
             unanswered.swap(queue->sent);
         }
-        for (SentMessage* sent : unanswered) {
+        for (const auto& sent : unanswered) {
             const auto sender = sent->sender;
             const std::lock_guard guard(sender->lock);
             sent->answered = true;
@@ -50,15 +51,27 @@ struct QueueOfThread {
     QueueOfThread& operator=(const QueueOfThread&) = delete;
 };
 
+using Clock = std::chrono::steady_clock;
+constexpr Clock::time_point kNever = Clock::time_point::max();
+
 LRESULT CallProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     const HostWindowData* window = HostFindWindow(handle);
     return window == nullptr ? 0 : window->procedure(handle, message, wParam, lParam);
 }
 
+// The queue of the thread that a window belongs to; null, with the last error set, for no window.
+std::shared_ptr<HostThreadQueue> QueueOfWindow(HWND handle) {
+    const std::lock_guard guard(HostTreeLock());
+    const HostWindowData* window = HostFindWindow(handle);
+    if (window != nullptr) return window->queue;
+    SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    return nullptr;
+}
+
 // Answers the messages that other threads have sent here. The lock is open while a procedure runs.
 void AnswerSentMessages(HostThreadQueue& queue, std::unique_lock<std::mutex>& held) {
     while (!queue.sent.empty()) {
-        SentMessage* sent = queue.sent.front();
+        const auto sent = queue.sent.front();
         queue.sent.pop_front();
         held.unlock();
         const MSG& m = sent->message;
@@ -74,23 +87,32 @@ void AnswerSentMessages(HostThreadQueue& queue, std::unique_lock<std::mutex>& he
     }
 }
 
-LRESULT SendToThread(HostThreadQueue& target, const MSG& message) {
+// Whether the answer has come in time.
+bool SendToThread(HostThreadQueue& target, const MSG& message, Clock::time_point until, LRESULT* result) {
     const auto& own = HostQueueOfThread();
-    SentMessage sent;
-    sent.message = message;
-    sent.sender = own;
+    const auto sent = std::make_shared<SentMessage>();
+    sent->message = message;
+    sent->sender = own;
+    *result = 0;
     {
         const std::lock_guard guard(target.lock);
-        if (target.ended) return 0;
-        target.sent.push_back(&sent);
+        if (target.ended) return true;
+        target.sent.push_back(sent);
         target.arrived.notify_all();
     }
     std::unique_lock held(own->lock);
-    while (!sent.answered) {
+    const auto isAwake = [&] { return sent->answered || !own->sent.empty(); };
+    while (!sent->answered) {
         AnswerSentMessages(*own, held);
-        if (!sent.answered) own->arrived.wait(held, [&] { return sent.answered || !own->sent.empty(); });
+        if (sent->answered) break;
+        if (until == kNever) {
+            own->arrived.wait(held, isAwake);
+        } else if (!own->arrived.wait_until(held, until, isAwake)) {
+            return false;
+        }
     }
-    return sent.result;
+    *result = sent->result;
+    return true;
 }
 
 bool IsWanted(const MSG& message, HWND window, UINT first, UINT last) {
@@ -135,25 +157,49 @@ const std::shared_ptr<HostThreadQueue>& HostQueueOfThread() {
     return own.queue;
 }
 
+std::shared_ptr<HostThreadQueue> HostQueueOfNobody() {
+    auto queue = std::make_shared<HostThreadQueue>();
+    queue->ended = true;
+    return queue;
+}
+
 LRESULT SendMessageA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    HostWindowData* window = HostFindWindow(handle);
-    if (window == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        return 0;
+    const auto target = QueueOfWindow(handle);
+    if (target == nullptr) return 0;
+    if (target == HostQueueOfThread()) return CallProcedure(handle, message, wParam, lParam);
+    LRESULT result = 0;
+    SendToThread(*target, MSG{handle, message, wParam, lParam}, kNever, &result);
+    return result;
+}
+
+LRESULT SendMessageTimeoutA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam, UINT flags, UINT milliseconds,
+                            DWORD_PTR* result) {
+    if (handle == HWND_BROADCAST) {
+        for (const HWND window : HostTopLevelWindows()) {
+            SendMessageTimeoutA(window, message, wParam, lParam, flags, milliseconds, result);
+        }
+        return TRUE;
     }
-    if (window->queue == HostQueueOfThread()) return window->procedure(handle, message, wParam, lParam);
-    const auto target = window->queue;
-    return SendToThread(*target, MSG{handle, message, wParam, lParam});
+    const auto target = QueueOfWindow(handle);
+    if (target == nullptr) return FALSE;
+    LRESULT answer = 0;
+    bool inTime = true;
+    if (target == HostQueueOfThread()) {
+        answer = CallProcedure(handle, message, wParam, lParam);
+    } else {
+        const auto until = Clock::now() + std::chrono::milliseconds(milliseconds);
+        inTime = SendToThread(*target, MSG{handle, message, wParam, lParam}, until, &answer);
+    }
+    if (result != nullptr) *result = static_cast<DWORD_PTR>(answer);
+    if (!inTime) SetLastError(ERROR_TIMEOUT);
+    return inTime ? TRUE : FALSE;
 }
 
 BOOL PostMessageA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    const HostWindowData* window = HostFindWindow(handle);
-    if (window == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        return FALSE;
-    }
-    const auto target = window->queue;
+    const auto target = QueueOfWindow(handle);
+    if (target == nullptr) return FALSE;
     const std::lock_guard guard(target->lock);
+    if (target->ended) return FALSE;
     target->posted.push_back(MSG{handle, message, wParam, lParam});
     target->arrived.notify_all();
     return TRUE;
@@ -183,6 +229,16 @@ BOOL GetMessageA(MSG* message, HWND window, UINT first, UINT last) {
     }
 }
 
+void HostWaitForMessage() {
+    const auto& own = HostQueueOfThread();
+    std::unique_lock held(own->lock);
+    AnswerSentMessages(*own, held);
+    while (own->posted.empty() && !own->quitPosted) {
+        own->arrived.wait(held);
+        AnswerSentMessages(*own, held);
+    }
+}
+
 BOOL TranslateMessage(const MSG* message) {
     // Keys whose character doesn't depend on a keyboard layout; applications post the other characters themselves.
     if (message->message != WM_KEYDOWN || (message->wParam != VK_BACK && message->wParam != VK_TAB)) return FALSE;
@@ -205,10 +261,14 @@ LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_SETTEXT:
         case WM_GETTEXT:
         case WM_GETTEXTLENGTH: return DefaultText(window, message, wParam, lParam);
+        case WM_SETFONT: window->font = reinterpret_cast<HANDLE>(wParam); return 0;
+        case WM_GETFONT: return reinterpret_cast<LRESULT>(window->font);
+        case WM_CLOSE: DestroyWindow(handle); return 0;
+        case WM_SYSCOMMAND: return wParam == SC_CLOSE ? SendMessageA(handle, WM_CLOSE, 0, 0) : 0;
         default: return 0;
     }
 }
 
 LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    return procedure(window, message, wParam, lParam);
+    return procedure != nullptr ? procedure(window, message, wParam, lParam) : 0;
 }

@@ -19,11 +19,21 @@ std::string KeyOf(const char* name) {
     return key;
 }
 
-Classes& AllClasses() {
-    static Classes classes = {
-        {"edit", std::make_shared<HostWindowClass>(HostWindowClass{"Edit", HostEditProcedure, 0, nullptr})},
-        {"static", std::make_shared<HostWindowClass>(HostWindowClass{"Static", DefWindowProcA, 0, nullptr})},
+Classes StandardClasses() {
+    const HostWindowClass standard[] = {
+        {"Button", HostButtonProcedure, 0, nullptr}, {"ComboBox", HostComboBoxProcedure, 0, nullptr},
+        {"Edit", HostEditProcedure, 0, nullptr},     {"ListBox", HostListBoxProcedure, 0, nullptr},
+        {"Static", HostStaticProcedure, 0, nullptr}, {kHostDialogClass, DefDlgProcA, DLGWINDOWEXTRA, nullptr},
     };
+    Classes classes;
+    for (const HostWindowClass& made : standard) {
+        classes.emplace(KeyOf(made.name.c_str()), std::make_shared<HostWindowClass>(made));
+    }
+    return classes;
+}
+
+Classes& AllClasses() {
+    static Classes classes = StandardClasses();
     return classes;
 }
 

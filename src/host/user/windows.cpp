@@ -14,13 +14,16 @@ namespace {
 constexpr size_t kSlots = 0x4000;
 constexpr uintptr_t kFirstSlot = 1;
 
+constexpr INT kDefaultWidth = 640;
+constexpr INT kDefaultHeight = 480;
+constexpr RECT kScreen = {0, 0, 1024, 768};
+
 struct Slot {
     std::atomic<HostWindowData*> window{nullptr};
     std::atomic<uintptr_t> generation{1};
 };
 
 std::array<Slot, kSlots> slots;
-std::recursive_mutex treeLock;
 
 HWND HandleOf(size_t slot) {
     return reinterpret_cast<HWND>(slots[slot].generation.load() << 16 | slot);
@@ -40,30 +43,56 @@ void FreeSlot(HWND handle) {
     slot.window.store(nullptr);
 }
 
-void LinkToParent(HostWindowData* window, HWND parent) {
-    const std::lock_guard guard(treeLock);
-    window->parent = HostFindWindow(parent);
-    if (window->parent != nullptr) window->parent->children.push_back(window);
+// A child goes behind its elder siblings, a top-level window in front of all others.
+void Link(HostWindowData* window, HWND parent) {
+    const std::lock_guard guard(HostTreeLock());
+    HostWindowData* above = HostFindWindow(parent);
+    if ((window->style & WS_CHILD) != 0) {
+        window->parent = above;
+        above->children.push_back(window);
+        return;
+    }
+    if (above != nullptr && above != HostDesktop()) window->owner = HostTopLevelOf(above)->handle;
+    window->parent = HostDesktop();
+    window->parent->children.insert(window->parent->children.begin(), window);
 }
 
-void UnlinkFromParent(HostWindowData* window) {
-    const std::lock_guard guard(treeLock);
-    if (window->parent == nullptr) return;
+// The window leaves the tree and its handle goes, in one step for other threads.
+void Unlink(HostWindowData* window) {
+    const std::lock_guard guard(HostTreeLock());
     std::erase(window->parent->children, window);
-    window->parent = nullptr;
+    FreeSlot(window->handle);
+}
+
+// A window owned by another, of the calling thread; null for none.
+HostWindowData* FindOwned(HWND owner) {
+    const std::lock_guard guard(HostTreeLock());
+    for (HostWindowData* window : HostDesktop()->children) {
+        if (window->owner == owner && window->queue == HostQueueOfThread() && !window->dying) return window;
+    }
+    return nullptr;
 }
 
 void DestroyTree(HostWindowData* window) {
     if (window->dying) return;
     window->dying = true;
     const HWND handle = window->handle;
+    while (HostWindowData* owned = FindOwned(handle)) DestroyTree(owned);
     SendMessageA(handle, WM_DESTROY, 0, 0);
     while (!window->children.empty()) DestroyTree(window->children.back());
     SendMessageA(handle, WM_NCDESTROY, 0, 0);
     if (GetFocus() == handle) SetFocus(nullptr);
-    UnlinkFromParent(window);
-    FreeSlot(handle);
+    Unlink(window);
     delete window;
+}
+
+RECT PlaceOf(const CREATESTRUCTA& create) {
+    const INT x = create.x == CW_USEDEFAULT ? 0 : create.x;
+    const INT y = create.x == CW_USEDEFAULT || create.y == CW_USEDEFAULT ? 0 : create.y;
+    const INT width = create.cx == CW_USEDEFAULT ? kDefaultWidth : std::max(create.cx, 0);
+    const INT height =
+        create.cx == CW_USEDEFAULT || create.cy == CW_USEDEFAULT ? kDefaultHeight : std::max(create.cy, 0);
+    return {x, y, x + width, y + height};
 }
 
 // The place of an extra byte range, or null where it lies outside.
@@ -72,7 +101,28 @@ uint8_t* ExtraAt(HostWindowData* window, INT index) {
     return window->extra.data() + index;
 }
 
+HostWindowData* MakeDesktop() {
+    auto* desktop = new HostWindowData;
+    desktop->windowClass = std::make_shared<HostWindowClass>(HostWindowClass{"#32769", DefWindowProcA, 0, nullptr});
+    desktop->queue = HostQueueOfNobody();
+    desktop->procedure = DefWindowProcA;
+    desktop->style = WS_VISIBLE;
+    desktop->place = kScreen;
+    desktop->handle = TakeSlot(desktop);
+    return desktop;
+}
+
 }  // namespace
+
+std::recursive_mutex& HostTreeLock() {
+    static std::recursive_mutex lock;
+    return lock;
+}
+
+HostWindowData* HostDesktop() {
+    static HostWindowData* const desktop = MakeDesktop();
+    return desktop;
+}
 
 HostWindowData* HostFindWindow(HWND handle) {
     const auto value = reinterpret_cast<uintptr_t>(handle);
@@ -91,21 +141,23 @@ HWND CreateWindowExA(DWORD extendedStyle, LPCSTR className, LPCSTR text, DWORD s
     auto* window = new HostWindowData;
     window->windowClass = windowClass;
     window->queue = HostQueueOfThread();
+    window->thread = GetCurrentThreadId();
     window->procedure = windowClass->procedure;
     window->extra.resize(static_cast<size_t>(windowClass->extraBytes));
     window->instance = instance;
     window->style = style;
     window->id = reinterpret_cast<LONG_PTR>(menu);
+    CREATESTRUCTA create = {param, instance,  menu,         parent, height, width, y, x, static_cast<LONG>(style),
+                            text,  className, extendedStyle};
+    window->place = PlaceOf(create);
     const HWND handle = TakeSlot(window);
     if (handle == nullptr) {
         delete window;
         return nullptr;
     }
     window->handle = handle;
-    LinkToParent(window, parent);
+    Link(window, parent);
 
-    CREATESTRUCTA create = {param, instance,  menu,         parent, height, width, y, x, static_cast<LONG>(style),
-                            text,  className, extendedStyle};
     const auto createParam = reinterpret_cast<LPARAM>(&create);
     if (SendMessageA(handle, WM_NCCREATE, 0, createParam) == 0 ||
         SendMessageA(handle, WM_CREATE, 0, createParam) == -1) {
@@ -129,14 +181,8 @@ BOOL IsWindow(HWND handle) {
     return HostFindWindow(handle) != nullptr ? TRUE : FALSE;
 }
 
-HWND GetParent(HWND handle) {
-    const std::lock_guard guard(treeLock);
-    const HostWindowData* window = HostFindWindow(handle);
-    return window == nullptr || window->parent == nullptr ? nullptr : window->parent->handle;
-}
-
 HWND GetDlgItem(HWND parent, INT id) {
-    const std::lock_guard guard(treeLock);
+    const std::lock_guard guard(HostTreeLock());
     const HostWindowData* window = HostFindWindow(parent);
     if (window == nullptr) return nullptr;
     for (const HostWindowData* child : window->children) {
@@ -150,6 +196,7 @@ INT GetDlgCtrlID(HWND handle) {
 }
 
 LONG_PTR GetWindowLongPtrA(HWND handle, INT index) {
+    const std::lock_guard guard(HostTreeLock());
     HostWindowData* window = HostFindWindow(handle);
     if (window == nullptr) {
         SetLastError(ERROR_INVALID_WINDOW_HANDLE);
@@ -169,6 +216,7 @@ LONG_PTR GetWindowLongPtrA(HWND handle, INT index) {
 }
 
 LONG_PTR SetWindowLongPtrA(HWND handle, INT index, LONG_PTR value) {
+    const std::lock_guard guard(HostTreeLock());
     const LONG_PTR old = GetWindowLongPtrA(handle, index);
     HostWindowData* window = HostFindWindow(handle);
     if (window == nullptr) return 0;
@@ -182,6 +230,14 @@ LONG_PTR SetWindowLongPtrA(HWND handle, INT index, LONG_PTR value) {
     }
     if (uint8_t* place = ExtraAt(window, index)) std::memcpy(place, &value, sizeof value);
     return old;
+}
+
+LONG GetWindowLongA(HWND handle, INT index) {
+    return static_cast<LONG>(GetWindowLongPtrA(handle, index));
+}
+
+LONG SetWindowLongA(HWND handle, INT index, LONG value) {
+    return static_cast<LONG>(SetWindowLongPtrA(handle, index, value));
 }
 
 INT GetWindowTextLengthA(HWND handle) {
@@ -200,7 +256,7 @@ BOOL SetWindowTextA(HWND handle, LPCSTR text) {
 }
 
 BOOL SetPropA(HWND handle, LPCSTR name, HANDLE value) {
-    const std::lock_guard guard(treeLock);
+    const std::lock_guard guard(HostTreeLock());
     HostWindowData* window = HostFindWindow(handle);
     if (window == nullptr) return FALSE;
     window->properties[name] = value;
@@ -208,7 +264,7 @@ BOOL SetPropA(HWND handle, LPCSTR name, HANDLE value) {
 }
 
 HANDLE GetPropA(HWND handle, LPCSTR name) {
-    const std::lock_guard guard(treeLock);
+    const std::lock_guard guard(HostTreeLock());
     const HostWindowData* window = HostFindWindow(handle);
     if (window == nullptr) return nullptr;
     const auto found = window->properties.find(name);
@@ -216,7 +272,7 @@ HANDLE GetPropA(HWND handle, LPCSTR name) {
 }
 
 HANDLE RemovePropA(HWND handle, LPCSTR name) {
-    const std::lock_guard guard(treeLock);
+    const std::lock_guard guard(HostTreeLock());
     HANDLE old = GetPropA(handle, name);
     if (old != nullptr) HostFindWindow(handle)->properties.erase(name);
     return old;
