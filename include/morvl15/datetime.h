@@ -50,13 +50,12 @@ MORVL_API int32_t MORVL_CALL FMTIsoToDatDef(const char* text, DatDef* datDef);
 
 // FMTFormatDateTime: writes a date, a time or both as text.
 //   block   in:  Type 1 date, 2 time, 3 date and time (the date, a blank, the default time); Month to Microsecond, of
-//   which
-//                nothing is checked: a month out of range has no name, numbers are written as they are, a Microsecond
-//                below 0 leaves out its field with the byte before it, one above 999999 shows its last six digits;
-//                UseProfile, Flags, and without UseProfile DateForm, ShortDatePic, LongDatePic, TimeIs24Hour, TimeSep
-//                (two bytes at most), TimeLZero, AMString, PMString. Null texts count as empty. Picture is not read.
-//                Date forms: 0 long picture, 1 short picture, 2 year, month and day with the Japanese marks, 3 the
-//                Japanese era form. In the last two a time follows the date directly.
+//                which nothing is checked: a month out of range has no name, numbers are written as they are, a
+//                Microsecond below 0 leaves out its field with the byte before it, one above 999999 shows its last six
+//                digits; UseProfile, Flags, and without UseProfile DateForm, ShortDatePic, LongDatePic, TimeIs24Hour,
+//                TimeSep (15 bytes at most), TimeLZero, AMString, PMString. Null texts count as empty. Picture is not
+//                read. Date forms: 0 long picture, 1 short picture, 2 year, month and day with the Japanese marks, 3
+//                the Japanese era form. In the last two a time follows the date directly.
 //           out: Output, room for FMTGetMaxFormattedDTLen + 1 bytes. The word T clears Flags bit 2, the word E sets
 //           bit 6.
 // Result: 1. 0 with Output as it was for another Type. 0 with Output empty, or holding the Japanese date that was
@@ -106,8 +105,7 @@ MORVL_API int32_t MORVL_CALL FMTGetGeeLongDatePic(char* buffer, int32_t length, 
 //
 // Each entry takes a format control block, never null, and reads from it besides what is told there:
 //   UseProfile  non-zero takes pictures, separator, clock, AM and PM texts, country and era check from the settings,
-//   and
-//               needs Flags bit 0; 0 takes them from the block's own fields, where a null text counts as empty
+//               and needs Flags bit 0; 0 takes them from the block's own fields, where a null text counts as empty
 //   Flags       bit 0: the default time picture is in force; bit 2: it carries microseconds
 // On success the block's Month, Day, Year, Hour, Minute, Second and Microsecond hold the value; what the picture has no
 // field for is 1 January 1900, 0:00:00. Three bits of Flags tell of the match: bit 7 a day, month or year took a value,

@@ -50,10 +50,17 @@ int32_t FMTFindMonthNameByDefinition(const char* text);
 int32_t FMTFindDayNameByDefinition(const char* text);
 
 // The name as a text of the library's. Empty for a number out of range and when the names can't be loaded.
+constexpr int32_t kNameSize = 16;  // bytes of each, whatever its length
+
 const char* FMTMonthAbbrev(int32_t month);
 const char* FMTMonthFull(int32_t month);
 const char* FMTDayAbbrev(int32_t code);
 const char* FMTDayFull(int32_t code);
+
+// The length of a name that one of the four gave: it stands in the last of the name's bytes.
+inline size_t FMTNameLength(const char* name) {
+    return static_cast<unsigned char>(name[kNameSize - 1]);
+}
 
 // The longest full name in bytes; 0 when the names can't be loaded.
 int32_t FMTMaxMonthNameLen();

@@ -19,7 +19,6 @@ namespace {
 
 constexpr int32_t kDays = 7;
 constexpr int32_t kMonths = 12;
-constexpr int32_t kNameSize = 16;
 constexpr int32_t kNameReadSize = 15;  // room for 14 characters and the terminator
 
 struct NameRow {
@@ -66,9 +65,11 @@ constexpr ProfileWord kProfileWords[] = {
 };
 
 bool LoadName(UINT id, NameRow* row, int32_t value, char* indexed) {
-    if (LoadStringA(gLibInstance, id, row->Name, kNameReadSize) == 0) return false;
+    const INT length = LoadStringA(gLibInstance, id, row->Name, kNameReadSize);
+    if (length == 0) return false;
     row->Value = value;
-    std::memcpy(indexed, row->Name, kNameSize);
+    std::memcpy(indexed, row->Name, kNameReadSize);
+    indexed[kNameSize - 1] = static_cast<char>(length);
     return true;
 }
 
@@ -140,7 +141,8 @@ int32_t FindName(const NameRow (&rows)[kNames], const NameIndex<kNames>& index, 
 
 template <int32_t kCount>
 const char* NameAt(const char (&names)[kCount][kNameSize], int32_t number) {
-    if (number < 1 || number > kCount || FMTEnsureNames() == 0) return "";
+    static constexpr char kNoName[kNameSize] = "";
+    if (number < 1 || number > kCount || FMTEnsureNames() == 0) return kNoName;
     return names[number - 1];
 }
 
@@ -149,7 +151,7 @@ int32_t LongestOf(const char (&names)[kCount][kNameSize], std::atomic<int32_t>* 
     int32_t longest = kept->load(std::memory_order_relaxed);
     if (longest >= 0 || FMTEnsureNames() == 0) return longest < 0 ? 0 : longest;
     for (const auto& name : names) {
-        const auto length = static_cast<int32_t>(std::strlen(name));
+        const auto length = static_cast<int32_t>(FMTNameLength(name));
         if (length > longest) longest = length;
     }
     kept->store(longest, std::memory_order_relaxed);

@@ -1,5 +1,4 @@
 // Dates and times through pictures.
-#include <algorithm>
 #include <cstring>
 
 #include <morvl15/datetime.h>
@@ -8,6 +7,7 @@
 #include "default_pictures.h"
 #include "digits.h"
 #include "japan_dates.h"
+#include "picture_elements.h"
 #include "picture_parser.h"
 
 namespace {
@@ -37,6 +37,13 @@ class DateWriter {
         std::memcpy(out_, text, length);
         out_ += length;
     }
+    void PutName(const char* name);
+    void PutBlanks(size_t count) {
+        *out_++ = ' ';
+        if (count == 1) return;  // as it mostly is
+        std::memset(out_, ' ', count - 1);
+        out_ += count - 1;
+    }
     void PutHour(int32_t hour, bool padded) {
         out_ = padded && padsHours_ ? FMTPutPadded(out_, hour) : FMTPutNumber(out_, hour);
     }
@@ -59,18 +66,15 @@ void DateWriter::Write(const DateElement& element) {
     switch (element.type) {
         case DPE_TEXT: Put(element.text, element.length); break;
         case DPE_SEPARATOR: *out_++ = static_cast<char>(element.number); break;
-        case DPE_SPACE:
-            std::memset(out_, ' ', element.number);
-            out_ += element.number;
-            break;
+        case DPE_SPACE: PutBlanks(element.number); break;
         case DPE_DAY: out_ = FMTPutNumber(out_, block_.Day); break;
         case DPE_DAY2: out_ = FMTPutPadded(out_, block_.Day); break;
-        case DPE_WEEKDAY3: Put(FMTDayAbbrev(DayCode())); break;
-        case DPE_WEEKDAY: Put(FMTDayFull(DayCode())); break;
+        case DPE_WEEKDAY3: PutName(FMTDayAbbrev(DayCode())); break;
+        case DPE_WEEKDAY: PutName(FMTDayFull(DayCode())); break;
         case DPE_MONTH: out_ = FMTPutNumber(out_, block_.Month); break;
         case DPE_MONTH2: out_ = FMTPutPadded(out_, block_.Month); break;
-        case DPE_MONTH3: Put(FMTMonthAbbrev(block_.Month)); break;
-        case DPE_MONTHNAME: Put(FMTMonthFull(block_.Month)); break;
+        case DPE_MONTH3: PutName(FMTMonthAbbrev(block_.Month)); break;
+        case DPE_MONTHNAME: PutName(FMTMonthFull(block_.Month)); break;
         case DPE_YEAR2: out_ = FMTPutLastTwo(out_, block_.Year); break;
         case DPE_YEAR4: out_ = FMTPutFilled(out_, block_.Year, 4); break;
         case DPE_HOUR12_2: PutHour(Hour12(), true); break;
@@ -85,6 +89,18 @@ void DateWriter::Write(const DateElement& element) {
     }
 }
 
+// A name of eight letters and more as two words of eight, which overlap; a shorter one letter by letter.
+void DateWriter::PutName(const char* name) {
+    const size_t length = FMTNameLength(name);
+    if (length < 8) {
+        for (size_t i = 0; i < length; ++i) out_[i] = name[i];
+    } else {
+        std::memcpy(out_, name, 8);
+        std::memcpy(out_ + length - 8, name + length - 8, 8);
+    }
+    out_ += length;
+}
+
 // A fraction that isn't to be shown takes the separator before it along.
 void DateWriter::PutMicroseconds() {
     constexpr int32_t kMillion = 1000000;
@@ -96,25 +112,28 @@ void DateWriter::PutMicroseconds() {
     }
 }
 
-// Writes a picture behind `out`. A picture that is rejected writes nothing: its first elements are kept until its end
-// is known, and only a picture of more elements than that is read a second time.
-bool WritePicture(const FMTCntlBlock& block, const FMTRegion& region, const char* picture, char* out) {
-    constexpr size_t kKept = 32;
-    DateElement kept[kKept];
-    DateElement beyond;
-    size_t count = 0;
+// Writes a picture of unusual size, which is read twice: it writes nothing when it is rejected at its end.
+bool WriteLongPicture(const FMTCntlBlock& block, const FMTRegion& region, const char* picture, char* out) {
+    DateElement element;
     DateElementReader reader(picture, ScanState::kPicture);
-    while (reader.Read(count < kKept ? &kept[count] : &beyond)) ++count;
+    while (reader.Read(&element)) {
+    }
     if (!reader.Accepted()) return false;
 
     DateWriter writer(block, region, out);
-    for (size_t i = 0; i < std::min(count, kKept); ++i) writer.Write(kept[i]);
-    if (count > kKept) {
-        DateElementReader again(picture, ScanState::kPicture);
-        for (size_t i = 0; again.Read(&beyond); ++i) {
-            if (i >= kKept) writer.Write(beyond);
-        }
-    }
+    DateElementReader again(picture, ScanState::kPicture);
+    while (again.Read(&element)) writer.Write(element);
+    *writer.End() = 0;
+    return true;
+}
+
+// Writes a picture behind `out`. A picture that is rejected writes nothing.
+bool WritePicture(const FMTCntlBlock& block, const FMTRegion& region, const char* picture, char* out) {
+    const PictureElements* read = FMTPictureElements(picture);
+    if (read == nullptr) return WriteLongPicture(block, region, picture, out);
+    if (!read->accepted) return false;
+    DateWriter writer(block, region, out);
+    for (int32_t i = 0; i < read->count; ++i) writer.Write(read->elements[i]);
     *writer.End() = 0;
     return true;
 }

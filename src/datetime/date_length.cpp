@@ -17,6 +17,7 @@ int32_t LengthOf(const char* text) {
 
 int32_t LengthOfElement(const DateElement& element, const FMTRegion& region) {
     switch (element.type) {
+        case DPE_NUMBER: return 0;
         case DPE_TEXT: return static_cast<int32_t>(element.length);
         case DPE_SEPARATOR: return 1;
         case DPE_SPACE: return static_cast<int32_t>(element.number);

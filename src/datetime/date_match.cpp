@@ -71,11 +71,11 @@ template <typename Value, typename Picture>
 class DateMatch {
   public:
     template <typename ValueStart, typename PictureStart>
-    DateMatch(ValueStart value, PictureStart picture, const FMTRegion& region, int32_t type)
+    DateMatch(ValueStart value, const PictureStart& picture, const FMTRegion& region, int32_t type)
         : value_(value), picture_(picture), region_(region), type_(type) {}
 
     bool Run();
-    bool Declined() const { return value_.Declined() || picture_.Declined(); }  // of scanning cursors
+    bool Declined() const { return value_.Declined(); }  // of a scanning cursor
     void Store(FMTCntlBlock* block) const;
 
   private:
@@ -266,7 +266,10 @@ int32_t FMTMatchDatePic(DatePicElement* valueList, DatePicElement* pictureList, 
 
 QuickVerdict QuickMatchDatePic(const char* text, const char* picture, FMTCntlBlock* block, const FMTRegion& region) {
     if (*text == 0 || picture == nullptr || *picture == 0) return QuickVerdict::kFails;
-    DateMatch<ValueScanCursor, PictureScanCursor> match(text, picture, region, block->Type);
+    const PictureElements* elements = FMTPictureElements(picture);
+    if (elements == nullptr) return QuickVerdict::kDeclined;
+    if (!elements->accepted) return QuickVerdict::kFails;
+    DateMatch<ValueScanCursor, PictureCursor> match(text, *elements, region, block->Type);
     const bool matches = match.Run();
     if (match.Declined()) return QuickVerdict::kDeclined;
     if (!matches) return QuickVerdict::kFails;

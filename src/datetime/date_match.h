@@ -13,9 +13,9 @@
 int32_t FMTMatchDatePic(DatePicElement* valueList, DatePicElement* pictureList, FMTCntlBlock* block,
                         const FMTRegion& region);
 
-// The fast path beneath it: the same match of the two texts themselves, without lists, where both consist of what most
-// texts and pictures consist of. It declines any other. A verdict on a text that has no list at all (a bad token behind
-// the point where the match fails) is kFails.
+// The fast path beneath it: the same match without lists, of a picture of common size and a text that consists of what
+// most texts consist of. It declines any other. A verdict on a text that has no list at all (a bad token behind the
+// point where the match fails) is kFails.
 enum class QuickVerdict : uint8_t { kDeclined, kFails, kMatches };
 QuickVerdict QuickMatchDatePic(const char* text, const char* picture, FMTCntlBlock* block, const FMTRegion& region);
 

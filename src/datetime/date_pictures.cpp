@@ -65,10 +65,11 @@ class PictureText {
     bool fits_ = true;
 };
 
-// The picture text of each field, by its code.
+// The picture text of each field, by its code. A number, which only a switch of the scanner's state brings into a
+// picture, is no field.
 constexpr const char* kFieldTexts[] = {
-    nullptr, nullptr, nullptr, nullptr, "d",    "dd", "",   "",       "M",    "MM", "MMM",
-    "MMMM",  "yy",    "yyyy",  "hh",    "hhhh", "mm", "ss", "mmmmmm", "AMPM", "h",  "hhh",
+    "",     "",   "",     "",   "d",    "dd", "",   "",       "M",    "MM", "MMM",
+    "MMMM", "yy", "yyyy", "hh", "hhhh", "mm", "ss", "mmmmmm", "AMPM", "h",  "hhh",
 };
 
 void PutPunctuation(PictureText& out, const DatePicElement* element) {

@@ -11,7 +11,10 @@ namespace {
 
 constexpr int32_t kTypeDate = FMT_TYPE_DATE;
 constexpr int32_t kTypeTime = FMT_TYPE_TIME;
-constexpr size_t kTimeSepLength = 2;
+
+// A longer separator is cut.
+constexpr size_t kTimeSepLength = 15;
+static_assert(sizeof "hhmmssmmmmmm AMPM" + 3 * kTimeSepLength <= kTimePicSize);
 
 char* Append(char* out, const char* text) {
     out = std::copy_n(text, std::strlen(text), out);
@@ -19,20 +22,25 @@ char* Append(char* out, const char* text) {
     return out;
 }
 
-char* AppendSeparator(char* out, const char* separator) {
-    return std::copy_n(separator, std::min(std::strlen(separator), kTimeSepLength), out);
+// The bytes of as much of a text as fits, never half a character.
+size_t BytesThatFit(const char* text, size_t room) {
+    size_t bytes = 0;
+    while (text[bytes] != 0) {
+        const auto step = static_cast<size_t>(IntlBytesInNextChar(text + bytes));
+        if (bytes + step > room) break;
+        bytes += step;
+    }
+    return bytes;
 }
 
-// Copies as much of a picture as fits, never half a character.
+char* AppendSeparator(char* out, const char* separator) {
+    const size_t length = std::strlen(separator);
+    return std::copy_n(separator, length <= kTimeSepLength ? length : BytesThatFit(separator, kTimeSepLength), out);
+}
+
 void CopyPicture(char* buffer, int32_t length, const char* picture) {
     if (buffer == nullptr || length <= 0) return;
-    const auto room = static_cast<size_t>(length) - 1;
-    size_t copied = 0;
-    while (picture[copied] != 0) {
-        const auto step = static_cast<size_t>(IntlBytesInNextChar(picture + copied));
-        if (copied + step > room) break;
-        copied += step;
-    }
+    const size_t copied = BytesThatFit(picture, static_cast<size_t>(length) - 1);
     std::memcpy(buffer, picture, copied);
     buffer[copied] = 0;
 }

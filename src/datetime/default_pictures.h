@@ -16,7 +16,7 @@ enum class DateWord { kNone, kEmpty, kShort, kLong, kTime, kEra, kEraDate };
 DateWord FMTDateWordOf(const char* picture);
 
 // Writes the default time picture: hours, minutes, seconds, microseconds by Flags bit 2, AMPM on the 12-hour clock.
-constexpr int32_t kTimePicSize = 24;
+constexpr int32_t kTimePicSize = 64;
 void FMTBuildTimePic(const FMTCntlBlock* block, const FMTRegion& region, char* buffer);
 void FMTBuildTimePic(const FMTCntlBlock* block, char* buffer);
 

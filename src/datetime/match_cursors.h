@@ -6,6 +6,7 @@
 
 #include <morvl15/intl.h>
 
+#include "picture_elements.h"
 #include "picture_parser.h"
 #include "quick_token.h"
 
@@ -47,47 +48,45 @@ class ListCursor {
     DatePicElement* at_;
 };
 
-// Along a picture itself, by the scanner's fast path; it declines what that declines.
-class PictureScanCursor {
+// Along the elements of a picture as they are kept.
+class PictureCursor {
   public:
-    explicit PictureScanCursor(const char* picture) : next_(picture) { Step(); }
+    explicit PictureCursor(const PictureElements& picture)
+        : at_(picture.elements), end_(picture.elements + picture.count) {
+        SkipFiller();
+    }
 
-    bool AtEnd() const { return type_ == kNoElement; }
-    int32_t Type() const { return type_; }
-    char* Text() { return text_; }
-    bool Declined() const { return declined_; }
+    bool AtEnd() const { return at_ == end_; }
+    int32_t Type() const { return at_->type; }
+
+    // DPE_TEXT: a copy, zero-terminated, for the match to change.
+    char* Text() {
+        std::memcpy(text_, at_->text, at_->length);
+        text_[at_->length] = 0;
+        return text_;
+    }
 
     void Step() {
-        do {
-            StepOnce();
-        } while (type_ == DPE_SPACE || (type_ == DPE_TEXT && *IntlStripStartSpace(text_) == 0));
+        ++at_;
+        SkipFiller();
     }
 
     bool StepToText() {
-        StepOnce();
-        return type_ == DPE_TEXT;
+        if (at_ + 1 == end_ || at_[1].type != DPE_TEXT) return false;
+        ++at_;
+        return true;
     }
 
   private:
-    void StepOnce() {
-        DateToken token;
-        if (!QuickToken(next_, kPictureQuickBytes, &token)) {
-            declined_ = true;
-            type_ = kNoElement;
-            return;
-        }
-        type_ = DateElementCode(token);
-        next_ += token.length;
-        if (type_ != DPE_TEXT) return;
-        const size_t length = token.length - 2U;  // without the quotes
-        std::memcpy(text_, token.start + 1, length);
-        text_[length] = 0;
+    bool IsFiller() { return at_->type == DPE_SPACE || (at_->type == DPE_TEXT && *IntlStripStartSpace(Text()) == 0); }
+
+    void SkipFiller() {
+        while (at_ != end_ && IsFiller()) ++at_;
     }
 
-    const char* next_;
-    int32_t type_ = kNoElement;
-    bool declined_ = false;
-    char text_[kLongestQuickToken + 1];
+    const DateElement* at_;
+    const DateElement* end_;
+    char text_[PictureElements::kRoom];
 };
 
 // Along a text itself. It declines what the fast path declines, and what a list would have to keep for later matches or
@@ -112,7 +111,9 @@ class ValueScanCursor {
     }
 
     void Step() {
+        const char* blanks = next_;
         while (*next_ == ' ') ++next_;
+        if (next_ - blanks > kLongestQuickToken) return Decline();
         if (IsDigit(*next_)) return StepOverNumber();
         DateToken token;
         if (!QuickToken(next_, kValueQuickBytes, &token) || token.kind == ScanToken::kQuoted) return Decline();

@@ -46,7 +46,6 @@ class DateElementReader {
     // Reads the next element. False at the end of the text and where it is rejected.
     bool Read(DateElement* element) {
         const DateToken token = scanner_.Next();
-        if (scanner_.ReachedShapes()) return Reject();  // by a switch inside the text: shapes have no elements
         if (token.kind == ScanToken::kEnd) return false;
         FillDateElement(token, element);
         if (element->type == kNoElement) return Reject();

@@ -10,7 +10,7 @@ class DateScanner {
     static constexpr int kMaxTokenLength = 100;
 
     // `text` is zero-terminated and outlives the scanner.
-    DateScanner(const char* text, ScanState state) : cursor_(text) { Enter(state); }
+    DateScanner(const char* text, ScanState state) : cursor_(text), state_(state) {}
 
     // The next token; kEnd for ever once the end is reached, a byte that no rule takes as kBad.
     DateToken Next() {
@@ -25,19 +25,12 @@ class DateScanner {
 
     ScanState State() const { return state_; }
 
-    void Enter(ScanState state) {
-        state_ = state;
-        reachedShapes_ = reachedShapes_ || state >= ScanState::kDateShape;
-    }
-
-    // Whether a state of shapes is or was in force.
-    bool ReachedShapes() const { return reachedShapes_; }
+    void Enter(ScanState state) { state_ = state; }
 
   private:
     DateToken LongestMatch();
     DateToken Stop();
 
     const char* cursor_;
-    ScanState state_ = ScanState::kValue;
-    bool reachedShapes_ = false;
+    ScanState state_;
 };

@@ -11,34 +11,15 @@
 
 namespace {
 
-struct CenturyCase {
-    int line;
-    uint16_t clock;
-    int32_t twoDigits;
-    int32_t century;
-};
-// clang-format off
-constexpr CenturyCase kCenturies[] = {
-    //          clock  year  hundreds
-    {__LINE__,  2003,  3,    2000},
-    {__LINE__,  2003,  75,   1900},
-    {__LINE__,  2003,  49,   2000},
-    {__LINE__,  2003,  50,   1900},
-    {__LINE__,  2049,  99,   1900},
-    {__LINE__,  2050,  99,   2000},
-    {__LINE__,  2051,  49,   2100},
-    {__LINE__,  2051,  50,   2000},
-    {__LINE__,  1999,  0,    2000},
-    {__LINE__,  2000,  99,   1900},
-};
-// clang-format on
-
 TEST(CalendarCentury, SlidesWithTheClock) {
-    for (const CenturyCase& c : kCenturies) {
-        const testing::ScopedTrace row(__FILE__, c.line, "");
-        const SYSTEMTIME time = {c.clock, 12, 0, 31, 23, 59, 59, 999};
+    static constexpr int32_t kRows[][3] = {
+        {2003, 3, 2000},  {2003, 75, 1900}, {2003, 49, 2000}, {2003, 50, 1900}, {2049, 99, 1900},
+        {2050, 99, 2000}, {2051, 49, 2100}, {2051, 50, 2000}, {1999, 0, 2000},  {2000, 99, 1900},
+    };
+    for (const auto& [clock, twoDigits, century] : kRows) {
+        const SYSTEMTIME time = {static_cast<uint16_t>(clock), 12, 0, 31, 23, 59, 59, 999};
         HostSetClock(&time);
-        EXPECT_EQ(FMTCenturyFor(c.twoDigits), c.century);
+        EXPECT_EQ(FMTCenturyFor(twoDigits), century) << twoDigits << " in " << clock;
     }
     HostSetClock(nullptr);
 }

@@ -1,254 +1,160 @@
 // Dates and times through pictures, words and the Japanese forms.
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <climits>
 #include <string>
+#include <tuple>
 
-#include <morvl15/datetime.h>
 #include <morvl15/memory.h>
 
-#include "datetime/calendar.h"
+#include "date_block.h"
 #include "datetime/default_pictures.h"
+#include "support/locale.h"
 #include "support/profile.h"
 
 namespace {
 
-constexpr uint32_t kBit0 = 1u << 0;
-constexpr uint32_t kBit2 = 1u << 2;
-constexpr uint32_t kBit6 = 1u << 6;
-constexpr uint32_t kBit10 = 1u << 10;
-constexpr uint32_t kBit12 = 1u << 12;
-
 // 2 January 2003, 9:05:07 and 120 microseconds, in a block of its own values: 12-hour clock, hours without a zero.
-FMTCntlBlock Block(int32_t type = 1) {
-    FMTCntlBlock block{};
-    FMTInitCntlBlock(&block);
-    block.Type = type;
-    block.Month = 1;
-    block.Day = 2;
-    block.Year = 2003;
-    block.Hour = 9;
-    block.Minute = 5;
-    block.Second = 7;
-    block.Microsecond = 120;
-    block.TimeSep = ":";
-    block.AMString = "AM";
-    block.PMString = "PM";
+FMTCntlBlock Block(int32_t type = FMT_TYPE_DATE) {
+    FMTCntlBlock block = DateBlock(type, nullptr);
+    SetMoment(&block, {1, 2, 2003, 9, 5, 7, 120});
     return block;
-}
-
-// The text, or "<0>" and what stands in Output.
-std::string Format(FMTCntlBlock& block) {
-    char text[256] = "untouched";
-    block.Output = text;
-    const int32_t result = FMTFormatDateTime(&block);
-    return (result == 1 ? "" : "<0>") + std::string(text);
 }
 
 std::string FormatBy(const char* picture, FMTCntlBlock block = Block()) {
     block.LongDatePic = picture;
-    return Format(block);
+    return WriteValue(&block);
 }
 
 TEST(FormatDateTime, Elements) {
-    struct {
-        int line;
-        const char* picture;
-        const char* text;
-    } const cases[] = {
-        {__LINE__, "dddd, MMMM dd, yyyy", "Thursday, January 02, 2003"},
-        {__LINE__, "M/d/yy", "1/2/03"},
-        {__LINE__, "ddd d MMM yyyy", "Thu 2 Jan 2003"},
-        {__LINE__, "hh:mm:ss AMPM", "9:05:07 AM"},
-        {__LINE__, "hhhh.mm.ss.mmmmmm", "9.05.07.000120"},
-        {__LINE__, "yyyy-MM-dd'T'hh", "2003-01-02T9"},
-        {__LINE__, "d\t\tM", "2  1"},  // other blanks come out as blanks
-        {__LINE__, "''d", "2"},
-        {__LINE__, "q", "<0>"},
-        {__LINE__, "d-", "2-"},
-        {__LINE__, "dd 'a' 'b' 'c' 'd' 'e' 'f' 'g' 'h' 'i' 'j' 'k' 'l' 'm' 'n' 'o' 'p' 'q' M",
-         "02 a b c d e f g h i j k l m n o p q 1"},  // more elements than are kept at once
-    };
-    for (const auto& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.picture);
-        EXPECT_EQ(FormatBy(c.picture), c.text);
+    EXPECT_EQ(FormatBy("dddd, MMMM dd, yyyy"), "Thursday, January 02, 2003");
+    EXPECT_EQ(FormatBy("M/d/yy"), "1/2/03");
+    EXPECT_EQ(FormatBy("ddd d MMM yyyy"), "Thu 2 Jan 2003");
+    EXPECT_EQ(FormatBy("hh:mm:ss AMPM"), "9:05:07 AM");
+    EXPECT_EQ(FormatBy("hhhh.mm.ss.mmmmmm"), "9.05.07.000120");
+    EXPECT_EQ(FormatBy("yyyy-MM-dd'T'hh"), "2003-01-02T9");
+    EXPECT_EQ(FormatBy("d\t\tM"), "2  1") << "other blanks come out as blanks";
+    EXPECT_EQ(FormatBy("''d"), "2");
+    EXPECT_EQ(FormatBy("q"), "<0>");
+    EXPECT_EQ(FormatBy("d\x02\x01\x02 5of\x02\x02\x02 M"), "2 of 1") << "date text inside, whose numbers write nothing";
+}
+
+// Too long or of too many elements, they leave nothing behind in the place of another picture.
+TEST(FormatDateTime, PicturesThatAreNotKept) {
+    for (int again = 0; again < 2; ++again) {
+        EXPECT_EQ(FormatBy("d-"), "2-");
+        EXPECT_EQ(FormatBy("dd 'a' 'b' 'c' 'd' 'e' 'f' 'g' 'h' 'i' 'j' 'k' 'l' 'm' 'n' 'o' 'p' 'q' M"),
+                  "02 a b c d e f g h i j k l m n o p q 1");
     }
+    for (int again = 0; again < 2; ++again)
+        EXPECT_EQ(FormatBy("d/d/d/d/d/d/d/d/d/d/d/d/d"), "2/2/2/2/2/2/2/2/2/2/2/2/2");
 }
 
 TEST(FormatDateTime, Years) {
-    struct {
-        int line;
-        int32_t year;
-        const char* text;
-    } const cases[] = {
-        {__LINE__, 3, "03 0003"},   {__LINE__, 2003, "03 2003"},   {__LINE__, 10, "10 0010"},
-        {__LINE__, 999, "99 0999"}, {__LINE__, 12345, "45 12345"}, {__LINE__, 0, "00 0000"},
-        {__LINE__, -5, "0-5 00-5"},
+    static constexpr std::tuple<int32_t, const char*> kRows[] = {
+        {3, "03 0003"},      {2003, "03 2003"}, {10, "10 0010"},  {999, "99 0999"},
+        {12345, "45 12345"}, {0, "00 0000"},    {-5, "0-5 00-5"}, {INT_MAX, "47 2147483647"},
     };
-    for (const auto& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
+    for (const auto& [year, text] : kRows) {
         FMTCntlBlock block = Block();
-        block.Year = c.year;
-        EXPECT_EQ(FormatBy("yy yyyy", block), c.text);
+        block.Year = year;
+        EXPECT_EQ(FormatBy("yy yyyy", block), text);
     }
 }
 
-TEST(FormatDateTime, Hours) {
-    struct {
-        int line;
-        int32_t hour;
-        const char* plain;
-        const char* padded;
-    } const cases[] = {
-        {__LINE__, 0, "12 12 0 0 AM", "12 12 00 0 AM"},     {__LINE__, 9, "9 9 9 9 AM", "09 9 09 9 AM"},
-        {__LINE__, 12, "12 12 12 12 PM", "12 12 12 12 PM"}, {__LINE__, 13, "1 1 13 13 PM", "01 1 13 13 PM"},
-        {__LINE__, 24, "12 12 24 24 PM", "12 12 24 24 PM"},
-    };
-    for (const auto& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.plain);
-        FMTCntlBlock block = Block();
-        block.Hour = c.hour;
-        EXPECT_EQ(FormatBy("hh h hhhh hhh AMPM", block), c.plain);
-        block.TimeLZero = 1;
-        EXPECT_EQ(FormatBy("hh h hhhh hhh AMPM", block), c.padded);
-        block.Flags |= kBit12;  // the text that was read had no zero either
-        EXPECT_EQ(FormatBy("hh h hhhh hhh AMPM", block), c.plain);
-    }
+FMTCntlBlock WithMicrosecond(int32_t microsecond, uint32_t flags = 0) {
+    FMTCntlBlock block = Block();
+    block.Microsecond = microsecond;
+    block.Flags |= flags;
+    return block;
 }
 
 TEST(FormatDateTime, Microseconds) {
-    struct {
-        int line;
-        int32_t microsecond;
-        uint32_t flags;
-        const char* picture;
-        const char* text;
-    } const cases[] = {
-        {__LINE__, -1, 0, "hh:mm:ss.mmmmmm", "9:05:07"},
-        {__LINE__, 0, 0, "hh:mm:ss.mmmmmm", "9:05:07.000000"},
-        {__LINE__, 0, kBit6, "hh:mm:ss.mmmmmm", "9:05:07"},
-        {__LINE__, -1, 0, "mmmmmm hh", " 9"},  // nothing before it to take away
-        {__LINE__, 1234567, 0, "mmmmmm", "234567"},
-        {__LINE__, 999999, 0, "mmmmmm", "999999"},
-    };
-    for (const auto& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        FMTCntlBlock block = Block();
-        block.Microsecond = c.microsecond;
-        block.Flags |= c.flags;
-        EXPECT_EQ(FormatBy(c.picture, block), c.text);
-    }
+    EXPECT_EQ(FormatBy("hh:mm:ss.mmmmmm", WithMicrosecond(-1)), "9:05:07");
+    EXPECT_EQ(FormatBy("hh:mm:ss.mmmmmm", WithMicrosecond(0)), "9:05:07.000000");
+    EXPECT_EQ(FormatBy("hh:mm:ss.mmmmmm", WithMicrosecond(0, FMT_ERA_TIME)), "9:05:07");
+    EXPECT_EQ(FormatBy("mmmmmm hh", WithMicrosecond(-1)), " 9") << "nothing before it to take away";
+    EXPECT_EQ(FormatBy("mmmmmm", WithMicrosecond(1234567)), "234567");
+    EXPECT_EQ(FormatBy("mmmmmm", WithMicrosecond(999999)), "999999");
 }
 
 TEST(FormatDateTime, ValuesOutOfRangeAreWrittenAsTheyAre) {
     FMTCntlBlock block = Block();
-    block.Month = 0;
-    block.Day = -3;
+    SetMoment(&block, {0, -3, 2003, 0, 0, 0, 0});
     EXPECT_EQ(FormatBy("MMM MMMM M MM d dd", block), "  0 00 -3 0-3");
-    block.Month = 2000000000;
-    block.Day = -2147483647 - 1;
+    SetMoment(&block, {2000000000, INT_MIN, INT_MAX, 0, 0, 0, 0});
     EXPECT_EQ(FormatBy("M d", block), "2000000000 -2147483648");
-    block.Year = 2147483647;
-    EXPECT_EQ(FormatBy("yy yyyy", block), "47 2147483647");
     FormatBy("dddd", block);  // no particular day
 }
 
-TEST(FormatDateTime, KindsAndForms) {
-    struct {
-        int line;
-        int32_t type, form;
-        bool has24Hours;
-        uint32_t flags;  // in the place of bits 0 and 2
-        const char* text;
-    } const cases[] = {
-        {__LINE__, 1, 0, false, kBit0, "02/01/2003"},
-        {__LINE__, 1, 1, false, kBit0, "1-2-03"},
-        {__LINE__, 1, 7, false, kBit0, "<0>"},
-        {__LINE__, 2, 0, false, kBit0, "9:05:07 AM"},
-        {__LINE__, 2, 0, true, kBit0 | kBit2, "9:05:07:000120"},
-        {__LINE__, 2, 0, false, 0, "02/01/2003"},  // without the default time picture
-        {__LINE__, 2, 1, false, 0, "1-2-03"},
-        {__LINE__, 2, 2, false, 0, "<0>"},
-        {__LINE__, 3, 0, true, kBit0, "02/01/2003 9:05:07"},
-        {__LINE__, 3, 0, false, 0, "02/01/2003"},
-        {__LINE__, 3, 2, true, kBit0,
-         "2003\x94\x4E"
-         "01\x8C\x8E"
-         "02\x93\xFA"
-         "9:05:07"},
-        {__LINE__, 3, 2, true, 0,
-         "2003\x94\x4E"
-         "01\x8C\x8E"
-         "02\x93\xFA"},
-        {__LINE__, 1, 3, true, kBit0,
-         "\x95\xBD\x90\xAC"
-         "15\x94\x4E"
-         "01\x8C\x8E"
-         "02\x93\xFA"},
-        {__LINE__, 3, 3, true, kBit0,
-         "\x95\xBD\x90\xAC"
-         "15\x94\x4E"
-         "01\x8C\x8E"
-         "02\x93\xFA"
-         "9:05:07"},
-        {__LINE__, 0, 0, false, kBit0, "<0>untouched"},
-        {__LINE__, 4, 0, false, kBit0, "<0>untouched"},
+TEST(FormatDateTime, Hours) {
+    static constexpr std::tuple<int32_t, const char*, const char*> kRows[] = {
+        {0, "12 12 0 0 AM", "12 12 00 0 AM"},     {9, "9 9 9 9 AM", "09 9 09 9 AM"},
+        {12, "12 12 12 12 PM", "12 12 12 12 PM"}, {13, "1 1 13 13 PM", "01 1 13 13 PM"},
+        {24, "12 12 24 24 PM", "12 12 24 24 PM"},
     };
-    for (const auto& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        FMTCntlBlock block = Block(c.type);
-        block.LongDatePic = "dd/MM/yyyy";
-        block.ShortDatePic = "M-d-yy";
-        block.DateForm = c.form;
-        block.TimeIs24Hour = c.has24Hours ? 1 : 0;
-        block.Flags = (block.Flags & ~(kBit0 | kBit2)) | c.flags;
-        EXPECT_EQ(Format(block), c.text);
+    for (const auto& [hour, plain, padded] : kRows) {
+        FMTCntlBlock block = Block();
+        block.Hour = hour;
+        EXPECT_EQ(FormatBy("hh h hhhh hhh AMPM", block), plain);
+        block.TimeLZero = 1;
+        EXPECT_EQ(FormatBy("hh h hhhh hhh AMPM", block), padded);
+        block.Flags |= FMT_UNPADDED_HOUR;  // the text that was read had no zero either
+        EXPECT_EQ(FormatBy("hh h hhhh hhh AMPM", block), plain);
     }
+}
+
+// By dd/MM/yyyy, M-d-yy and the flags of the default time picture.
+std::string FormatKind(int32_t type, int32_t form, uint32_t flags, bool has24Hours = false) {
+    FMTCntlBlock block = Block(type);
+    block.ShortDatePic = "M-d-yy";
+    block.DateForm = form;
+    block.TimeIs24Hour = has24Hours ? 1 : 0;
+    block.Flags = (block.Flags & ~(FMT_DEFAULT_TIME | FMT_MICROSECONDS)) | flags;
+    return FormatBy("dd/MM/yyyy", block);
+}
+
+TEST(FormatDateTime, KindsAndForms) {
+    EXPECT_EQ(FormatKind(FMT_TYPE_DATE, 0, FMT_DEFAULT_TIME), "02/01/2003");
+    EXPECT_EQ(FormatKind(FMT_TYPE_DATE, 1, FMT_DEFAULT_TIME), "1-2-03");
+    EXPECT_EQ(FormatKind(FMT_TYPE_DATE, 3, FMT_DEFAULT_TIME), Japanese("H15y01m02d"));
+    EXPECT_EQ(FormatKind(FMT_TYPE_DATE, 7, FMT_DEFAULT_TIME), "<0>");
+    EXPECT_EQ(FormatKind(FMT_TYPE_TIME, 0, FMT_DEFAULT_TIME), "9:05:07 AM");
+    EXPECT_EQ(FormatKind(FMT_TYPE_TIME, 0, FMT_DEFAULT_TIME | FMT_MICROSECONDS, true), "9:05:07:000120");
+    EXPECT_EQ(FormatKind(FMT_TYPE_TIME, 0, 0), "02/01/2003") << "without the default time picture";
+    EXPECT_EQ(FormatKind(FMT_TYPE_TIME, 1, 0), "1-2-03");
+    EXPECT_EQ(FormatKind(FMT_TYPE_TIME, 2, 0), "<0>");
+    EXPECT_EQ(FormatKind(FMT_TYPE_DATE_TIME, 0, FMT_DEFAULT_TIME, true), "02/01/2003 9:05:07");
+    EXPECT_EQ(FormatKind(FMT_TYPE_DATE_TIME, 2, FMT_DEFAULT_TIME, true), Japanese("2003y01m02d") + "9:05:07");
+    EXPECT_EQ(FormatKind(FMT_TYPE_DATE_TIME, 3, FMT_DEFAULT_TIME, true), Japanese("H15y01m02d") + "9:05:07");
+    EXPECT_EQ(FormatKind(FMT_TYPE_DATE_TIME, 0, 0), "02/01/2003");
+    EXPECT_EQ(FormatKind(FMT_TYPE_DATE_TIME, 2, 0), Japanese("2003y01m02d"));
+    for (const int32_t bad : {0, 4}) EXPECT_EQ(FormatKind(bad, 0, FMT_DEFAULT_TIME), "<0>as before");
 }
 
 TEST(FormatDateTime, Words) {
     const TestProfile profile({{"intl", "sShortDate", "d.M.yy"},
                                {"intl", "sLongDate", "d MMMM yyyy"},
                                {"MORVANEL", "sDateType", "LongGregorian"}});
-    constexpr char kEra[] =
-        "\x95\xBD\x90\xAC"
-        "15\x94\x4E"
-        "01\x8C\x8E"
-        "02\x93\xFA";
-    struct {
-        int line;
-        int32_t type;
-        const char* word;
-        std::string text;
-    } const cases[] = {
-        {__LINE__, 1, "S", "2.1.03"},
-        {__LINE__, 1, "L", "2 January 2003"},
-        {__LINE__, 1, "", "2 January 2003"},
-        {__LINE__, 1, nullptr, "2 January 2003"},
-        {__LINE__, 1, "T", "9:05:07 AM"},
-        {__LINE__, 3, "T", "9:05:07 AM"},  // once
-        {__LINE__, 3, "S", "2.1.03 9:05:07:000120 AM"},
-        {__LINE__, 1, "ED", kEra},
-        {__LINE__, 3, "ED", kEra},
-        {__LINE__, 1, "E", kEra + std::string("9:05:07:000120 AM")},
-        {__LINE__, 3, "E", kEra + std::string("9:05:07:000120 AM")},
-        {__LINE__, 1, "s", "<0>"},
-        {__LINE__, 2, "S", "9:05:07:000120 AM"},
-    };
-    for (const auto& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.word == nullptr ? "null" : c.word);
-        FMTCntlBlock block = Block(c.type);
-        block.LongDatePic = c.word;
-        EXPECT_EQ(Format(block), c.text);
+    const std::string era = Japanese("H15y01m02d");
+    EXPECT_EQ(FormatBy("S"), "2.1.03");
+    for (const char* word : {"L", "", static_cast<const char*>(nullptr)}) EXPECT_EQ(FormatBy(word), "2 January 2003");
+    EXPECT_EQ(FormatBy("s"), "<0>");
+    EXPECT_EQ(FormatBy("S", Block(FMT_TYPE_TIME)), "9:05:07:000120 AM");
+    EXPECT_EQ(FormatBy("S", Block(FMT_TYPE_DATE_TIME)), "2.1.03 9:05:07:000120 AM");
+    for (const int32_t type : {FMT_TYPE_DATE, FMT_TYPE_DATE_TIME}) {
+        EXPECT_EQ(FormatBy("T", Block(type)), "9:05:07 AM");
+        EXPECT_EQ(FormatBy("ED", Block(type)), era);
+        EXPECT_EQ(FormatBy("E", Block(type)), era + "9:05:07:000120 AM");
     }
     FMTCntlBlock block = Block();
     block.LongDatePic = "E";
     block.Microsecond = 0;
-    EXPECT_EQ(Format(block), kEra + std::string("9:05:07 AM"));  // a fraction of 0 is left out, and stays so
-    EXPECT_NE(block.Flags & kBit6, 0u);
+    EXPECT_EQ(WriteValue(&block), era + "9:05:07 AM");  // a fraction of 0 is left out, and stays so
+    EXPECT_NE(block.Flags & FMT_ERA_TIME, 0u);
     block.LongDatePic = "T";
-    Format(block);
-    EXPECT_EQ(block.Flags & kBit2, 0u);
+    WriteValue(&block);
+    EXPECT_EQ(block.Flags & FMT_MICROSECONDS, 0u);
 }
 
 TEST(FormatDateTime, FromTheProfile) {
@@ -257,118 +163,76 @@ TEST(FormatDateTime, FromTheProfile) {
                                {"intl", "iTime", "1"},
                                {"intl", "iTLZero", "1"},
                                {"intl", "sTime", "h"}});
-    FMTCntlBlock block = Block(1);
-    block.UseProfile = 1;
-    block.DateForm = 0;  // not read
-    EXPECT_EQ(Format(block), "02.01.2003");
-    block.Flags |= kBit10;
-    EXPECT_EQ(Format(block), "2003");
-    block.Type = 2;
-    EXPECT_EQ(Format(block), "<0>");  // a separator that is no punctuation makes no picture
-    block.Flags &= ~kBit0;
-    EXPECT_EQ(Format(block), "<0>");
+    FMTCntlBlock block = Block();
+    block.UseProfile = 1;  // and not the form of the block
+    EXPECT_EQ(WriteValue(&block), "02.01.2003");
+    block.Flags |= FMT_LONG_FORM;
+    EXPECT_EQ(WriteValue(&block), "2003");
+    block.Type = FMT_TYPE_TIME;
+    EXPECT_EQ(WriteValue(&block), "<0>");  // a separator that is no punctuation makes no picture
+    block.Flags &= ~FMT_DEFAULT_TIME;
+    EXPECT_EQ(WriteValue(&block), "<0>");
     EXPECT_EQ(FMTGetMaxFormattedDTLen(&block, 0), -1);
 
-    const TestProfile time({{"intl", "sTime", "."}});
-    block.Flags |= kBit0 | kBit12;
-    EXPECT_EQ(Format(block), "09.05.07.000120");  // bit 12 is for private values
-}
-
-TEST(FormatDateTime, JapaneseFormIsTakenFromTheProfile) {
-    const TestProfile profile({{"MORVANEL", "sDateType", "JapanEmperor"}});
-    FMTCntlBlock block = Block(1);
-    block.UseProfile = 1;
-    EXPECT_EQ(Format(block),
-              "\x95\xBD\x90\xAC"
-              "15\x94\x4E"
-              "01\x8C\x8E"
-              "02\x93\xFA");
+    const TestProfile time({{"intl", "sTime", "."}, {"MORVANEL", "sDateType", "JapanEmperor"}});
+    block.Flags = (block.Flags | FMT_DEFAULT_TIME | FMT_UNPADDED_HOUR) & ~FMT_LONG_FORM;
+    EXPECT_EQ(WriteValue(&block), "09.05.07.000120");  // the unpadded hour is for private values
+    block.Type = FMT_TYPE_DATE;
+    EXPECT_EQ(WriteValue(&block), Japanese("H15y01m02d"));
 }
 
 TEST(FormatEraDate, ErasBeginAndEnd) {
-    struct {
-        int line;
-        int32_t year, month, day;
-        const char* era;
-        const char* eraYear;
-    } const cases[] = {
-        {__LINE__, 1868, 9, 29, "\x96\xBE\x8E\xA1", "01"},  {__LINE__, 1912, 7, 29, "\x96\xBE\x8E\xA1", "45"},
-        {__LINE__, 1912, 7, 30, "\x91\xE5\x90\xB3", "01"},  {__LINE__, 1926, 12, 24, "\x91\xE5\x90\xB3", "15"},
-        {__LINE__, 1926, 12, 25, "\x8F\xBA\x98\x61", "01"}, {__LINE__, 1989, 1, 7, "\x8F\xBA\x98\x61", "64"},
-        {__LINE__, 1989, 1, 8, "\x95\xBD\x90\xAC", "01"},   {__LINE__, 2200, 1, 1, "\x95\xBD\x90\xAC", "12"},
+    static constexpr std::tuple<int32_t, int32_t, int32_t, const char*> kRows[] = {
+        {9, 28, 1868, "<0>"},        {9, 29, 1868, "M01y09m29d"},  {7, 29, 1912, "M45y07m29d"},
+        {7, 30, 1912, "T01y07m30d"}, {12, 24, 1926, "T15y12m24d"}, {12, 25, 1926, "S01y12m25d"},
+        {1, 7, 1989, "S64y01m07d"},  {1, 8, 1989, "H01y01m08d"},   {1, 1, 2200, "H12y01m01d"},
     };
-    for (const auto& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.eraYear);
+    for (const auto& [month, day, year, text] : kRows) {
         FMTCntlBlock block = Block();
+        SetMoment(&block, {month, day, year, 0, 0, 0, 0});
+        EXPECT_EQ(FormatBy("ED", block), Japanese(text));
         block.DateForm = 3;
-        block.Year = c.year;
-        block.Month = c.month;
-        block.Day = c.day;
-        const std::string text = Format(block);
-        EXPECT_EQ(text.size(), 16u);
-        EXPECT_EQ(text.substr(0, 6), std::string(c.era) + c.eraYear);
+        EXPECT_EQ(WriteValue(&block), Japanese(text));
     }
-    FMTCntlBlock before = Block(3);
-    before.DateForm = 3;
-    before.Year = 1868;
-    before.Month = 9;
-    before.Day = 28;
-    EXPECT_EQ(Format(before), "<0>");
-    before.DateForm = 0;
-    before.LongDatePic = "E";
-    EXPECT_EQ(Format(before), "<0>");
+}
+
+int32_t MaxLength(const char* picture, int32_t minimum, int32_t type = FMT_TYPE_DATE, int32_t form = 0) {
+    FMTCntlBlock block = Block(type);
+    block.LongDatePic = picture;
+    block.DateForm = form;
+    return FMTGetMaxFormattedDTLen(&block, minimum);
 }
 
 TEST(MaxFormattedDTLen, BoundsByPicture) {
-    struct {
-        int line;
-        int32_t type;
-        const char* picture;
-        int32_t minimum, length;
-    } const cases[] = {
-        {__LINE__, 1, "MMM d, yyyy", 0, 12},
-        {__LINE__, 1, "MMM d, yyyy", 20, 20},
-        {__LINE__, 1, "dddd, MMMM dd, yyyy", 0, 29},
-        {__LINE__, 1, "'Week' M/d/yy   h", 0, 18},
-        {__LINE__, 1, "hh.mm.ss.mmmmmm AMPM", 0, 18},
-        {__LINE__, 1, "T", 0, 11},
-        {__LINE__, 1, "E", 0, 27},
-        {__LINE__, 1, "ED", 50, 16},
-        {__LINE__, 1, "q", -5, -1},
-        {__LINE__, 1, "q", 7, 7},
-        {__LINE__, 3, "d", 0, 20 + 1 + 2 + 2 + 1 + 18},
-        {__LINE__, 2, "ignored", 0, 18},
-        {__LINE__, 0, "d", 9, -1},
-    };
-    for (const auto& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.picture);
-        FMTCntlBlock block = Block(c.type);
-        block.LongDatePic = c.picture;
-        EXPECT_EQ(FMTGetMaxFormattedDTLen(&block, c.minimum), c.length);
-    }
-    FMTCntlBlock japanese = Block();
-    japanese.DateForm = 2;
-    EXPECT_EQ(FMTGetMaxFormattedDTLen(&japanese, 16), 16);
-    EXPECT_EQ(FMTGetMaxFormattedDTLen(&japanese, -9), -1);
+    EXPECT_EQ(MaxLength("MMM d, yyyy", 0), 12);
+    EXPECT_EQ(MaxLength("MMM d, yyyy", 20), 20);
+    EXPECT_EQ(MaxLength("dddd, MMMM dd, yyyy", 0), 29);
+    EXPECT_EQ(MaxLength("'Week' M/d/yy   h", 0), 18);
+    EXPECT_EQ(MaxLength("hh.mm.ss.mmmmmm AMPM", 0), 18);
+    EXPECT_EQ(MaxLength("T", 0), 11);
+    EXPECT_EQ(MaxLength("E", 0), 27);
+    EXPECT_EQ(MaxLength("ED", 50), 16);
+    EXPECT_EQ(MaxLength("q", -5), -1);
+    EXPECT_EQ(MaxLength("q", 7), 7);
+    EXPECT_EQ(MaxLength("d\x02\x01\x02 5of", 0), 5);
+    EXPECT_EQ(MaxLength("d", 0, FMT_TYPE_DATE_TIME), 20 + 1 + 2 + 2 + 1 + 18);
+    EXPECT_EQ(MaxLength("ignored", 0, FMT_TYPE_TIME), 18);
+    EXPECT_EQ(MaxLength("d", 9, 0), -1);
+    EXPECT_EQ(MaxLength("d", 16, FMT_TYPE_DATE, 2), 16);
+    EXPECT_EQ(MaxLength("d", -9, FMT_TYPE_DATE, 2), -1);
 }
 
 TEST(DatePictures, Tests) {
-    struct {
-        int line;
-        const char* picture;
-        int32_t valid, hasDate, hasTime;
-    } const cases[] = {
-        {__LINE__, "", 1, 0, 0},        {__LINE__, "T", 1, 0, 0},    {__LINE__, "S", 1, 0, 0},
-        {__LINE__, "L", 1, 0, 0},       {__LINE__, "E", 1, 0, 0},    {__LINE__, "ED", 1, 0, 0},
-        {__LINE__, "X", 0, 0, 0},       {__LINE__, "s", 0, 0, 0},    {__LINE__, "hh:mm", 1, 0, 1},
-        {__LINE__, "dd hh", 1, 1, 1},   {__LINE__, "yyyy", 1, 1, 0}, {__LINE__, " ", 1, 0, 0},
-        {__LINE__, "dd hh q", 0, 0, 0}, {__LINE__, "AMPM", 1, 0, 1}, {__LINE__, nullptr, 0, 0, 0},
+    static constexpr std::tuple<const char*, int32_t, int32_t, int32_t> kRows[] = {
+        {"", 1, 0, 0},     {"T", 1, 0, 0}, {"S", 1, 0, 0},       {"L", 1, 0, 0},     {"E", 1, 0, 0},
+        {"ED", 1, 0, 0},   {"X", 0, 0, 0}, {"s", 0, 0, 0},       {"hh:mm", 1, 0, 1}, {"dd hh", 1, 1, 1},
+        {"yyyy", 1, 1, 0}, {" ", 1, 0, 0}, {"dd hh q", 0, 0, 0}, {"AMPM", 1, 0, 1},  {nullptr, 0, 0, 0},
     };
-    for (const auto& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.picture == nullptr ? "null" : c.picture);
-        EXPECT_EQ(FMTIsDatePicValid(c.picture), c.valid);
-        EXPECT_EQ(FMTDatePicHasDate(c.picture), c.hasDate);
-        EXPECT_EQ(FMTDatePicHasTime(c.picture), c.hasTime);
+    for (const auto& [picture, valid, hasDate, hasTime] : kRows) {
+        const testing::ScopedTrace row(__FILE__, __LINE__, picture == nullptr ? "null" : picture);
+        EXPECT_EQ(FMTIsDatePicValid(picture), valid);
+        EXPECT_EQ(FMTDatePicHasDate(picture), hasDate);
+        EXPECT_EQ(FMTDatePicHasTime(picture), hasTime);
     }
 }
 
@@ -376,8 +240,7 @@ TEST(DatePictures, DefaultsAreCopiedAsFarAsThereIsRoom) {
     const TestProfile profile({{"intl", "sShortDate", "d.M.yy"}, {"intl", "sLongDate", "yyyy MMMM"}});
     char buffer[12] = "xxxxxxxxxxx";
     EXPECT_EQ(FMTGetDefaultShortDatePic(buffer, 4), 1);
-    EXPECT_STREQ(buffer, "d.M");
-    EXPECT_EQ(buffer[4], 'x');
+    EXPECT_EQ(std::string(buffer, 6), std::string("d.M\0xx", 6));
     EXPECT_EQ(FMTGetDefaultLongDatePic(buffer, 12), 1);
     EXPECT_STREQ(buffer, "yyyy MMMM");
     EXPECT_EQ(FMTGetDefaultDatePic(buffer, 12), 1);
@@ -386,51 +249,46 @@ TEST(DatePictures, DefaultsAreCopiedAsFarAsThereIsRoom) {
     EXPECT_STREQ(buffer, "d.M.yy");
 }
 
+// The reduced picture; "<0>" and what is left where it fails.
+std::string Reduced(const char* longPicture, int32_t withTime = 0, int32_t size = 80) {
+    const TestProfile profile({{"intl", "sLongDate", longPicture}});
+    char buffer[80] = "x";
+    const int32_t result = FMTGetGeeLongDatePic(buffer, size, withTime);
+    return (result == 1 ? "" : "<0>") + std::string(buffer);
+}
+
 TEST(DatePictures, LongPictureReducedToItsFields) {
-    struct {
-        int line;
-        const char* longPicture;
-        int32_t withTime;
-        const char* reduced;
-    } const cases[] = {
-        {__LINE__, "dddd, MMMM dd, yyyy", 0, "MMMM dd, yyyy"},
-        {__LINE__, "yyyy MMMM d dddd", 0, "yyyy MMMM d"},
-        {__LINE__, "ddd d. MMMM yyyy", 0, "d. MMMM yyyy"},
-        {__LINE__, "dd'.'MM", 0, "dd.MM"},
-        {__LINE__, "yyyy'x'MM", 0, "yyyy MM"},
-        {__LINE__, "dddd", 0, ""},
-        {__LINE__, "yyyy, dddd, ddd", 0, "yyyy"},
-        {__LINE__, "yyyy   'x'", 0, "yyyy    "},
-        {__LINE__, "dddd, MMMM dd", 1, "MMMM dd hh:mm:ss AMPM"},
-        {__LINE__, "MMMM dddd", 1, "MMMM hh:mm:ss AMPM"},
-    };
-    for (const auto& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.longPicture);
-        const TestProfile profile({{"intl", "sLongDate", c.longPicture}});
-        char buffer[80] = "x";
-        EXPECT_EQ(FMTGetGeeLongDatePic(buffer, sizeof buffer, c.withTime), 1);
-        EXPECT_STREQ(buffer, c.reduced);
-    }
-    const TestProfile bad({{"intl", "sLongDate", "yyyy q"}});
-    char buffer[20] = "x";
-    EXPECT_EQ(FMTGetGeeLongDatePic(buffer, sizeof buffer, 0), 0);
-    EXPECT_STREQ(buffer, "");
-    const TestProfile fits({{"intl", "sLongDate", "yyyy-MM-dd"}});
-    EXPECT_EQ(FMTGetGeeLongDatePic(buffer, 15, 1), 0);  // no room for the time
-    EXPECT_STREQ(buffer, "");
+    EXPECT_EQ(Reduced("dddd, MMMM dd, yyyy"), "MMMM dd, yyyy");
+    EXPECT_EQ(Reduced("yyyy MMMM d dddd"), "yyyy MMMM d");
+    EXPECT_EQ(Reduced("ddd d. MMMM yyyy"), "d. MMMM yyyy");
+    EXPECT_EQ(Reduced("dd'.'MM"), "dd.MM");
+    EXPECT_EQ(Reduced("yyyy'x'MM"), "yyyy MM");
+    EXPECT_EQ(Reduced("dddd"), "");
+    EXPECT_EQ(Reduced("yyyy, dddd, ddd"), "yyyy");
+    EXPECT_EQ(Reduced("yyyy   'x'"), "yyyy    ");
+    EXPECT_EQ(Reduced("yyyy q"), "<0>");
+    EXPECT_EQ(Reduced("dddd, MMMM dd", 1), "MMMM dd hh:mm:ss AMPM");
+    EXPECT_EQ(Reduced("MMMM dddd", 1), "MMMM hh:mm:ss AMPM");
+    EXPECT_EQ(Reduced("d\x02\x01\x02 5of\x02\x02\x02M"), "d  M");
+    EXPECT_EQ(Reduced("yyyy-MM-dd", 1, 15), "<0>") << "no room for the time";
+    EXPECT_EQ(Reduced("d", 1, 16), "d hh:mm:ss AMPM");
+    EXPECT_EQ(Reduced("d", 1, 15), "<0>");
 }
 
 TEST(DatePictures, TimePictureAndJoining) {
-    FMTCntlBlock block = Block(2);
-    char picture[24];
+    FMTCntlBlock block = Block(FMT_TYPE_TIME);
+    char picture[kTimePicSize];
     FMTBuildTimePic(&block, picture);
     EXPECT_STREQ(picture, "hh:mm:ss:mmmmmm AMPM");
-    block.TimeIs24Hour = 1;
-    block.TimeSep = "-/.";  // two bytes at most
+    block.TimeSep = "0123456789abcdefg";  // 15 bytes at most
     FMTBuildTimePic(&block, picture);
-    EXPECT_STREQ(picture, "hhhh-/mm-/ss-/mmmmmm");
+    EXPECT_STREQ(picture, "hh0123456789abcdemm0123456789abcdess0123456789abcdemmmmmm AMPM");
+    block.TimeIs24Hour = 1;
+    block.TimeSep = "' h '";
+    FMTBuildTimePic(&block, picture);
+    EXPECT_STREQ(picture, "hhhh' h 'mm' h 'ss' h 'mmmmmm");
     block.TimeSep = nullptr;
-    block.Flags &= ~kBit2;
+    block.Flags &= ~FMT_MICROSECONDS;
     FMTBuildTimePic(&block, picture);
     EXPECT_STREQ(picture, "hhhhmmss");
     char* joined = FMTJoinDatePic("d", picture);
@@ -438,11 +296,22 @@ TEST(DatePictures, TimePictureAndJoining) {
     MemFree(joined);
 }
 
+TEST(DatePicturesJapanese, ALongSeparatorIsCutAtACharacter) {
+    const TestLanguage language(kJapanese);
+    FMTCntlBlock block = Block(FMT_TYPE_TIME);
+    block.Flags &= ~FMT_MICROSECONDS;
+    block.TimeIs24Hour = 1;
+    block.TimeSep = "0123456789abcd\x8E\x9E";
+    char picture[kTimePicSize];
+    FMTBuildTimePic(&block, picture);
+    EXPECT_STREQ(picture, "hhhh0123456789abcdmm0123456789abcdss");
+}
+
 TEST(FormatDateTime, ALongJoinedPicture) {
     const std::string text(90, 'x');
     const std::string picture = "'" + text + "''" + text + "'d";
-    FMTCntlBlock block = Block(3);
-    block.Flags &= ~kBit2;
+    FMTCntlBlock block = Block(FMT_TYPE_DATE_TIME);
+    block.Flags &= ~FMT_MICROSECONDS;
     EXPECT_EQ(FormatBy(picture.c_str(), block), text + text + "2 9:05:07 AM");
 }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "datetime/date_freeform.h"
 
@@ -12,114 +13,59 @@ std::string Guess(const std::string& text, int32_t kind, bool allowUs = true) {
     return FMTGuessDatePic(text.c_str(), kind, picture, allowUs) == 1 ? picture : "none";
 }
 
+// Texts of one kind, 1 dates, 2 times, 3 dates and times, that are read by one picture.
 struct GuessCase {
-    int line;
-    const char* text;
     int32_t kind;
-    const char* want;
+    const char* picture;
+    std::vector<const char*> texts;
 };
 
-// clang-format off
-constexpr GuessCase kRows[] = {
-    {__LINE__, "1/2/2003",          1, "M/d/yyyy"},
-    {__LINE__, "01.02\\2003",       1, "M/d/yyyy"},
-    {__LINE__, "1/2/03",            1, "none"},
-    {__LINE__, "123/2/2003",        1, "none"},
-    {__LINE__, "1/223/2003",        1, "none"},
-    {__LINE__, "1/2/20033",         1, "none"},
-    {__LINE__, "1 /2/2003",         1, "none"},
-    {__LINE__, "2003-01-02",        1, "yyyy-MM-dd"},
-    {__LINE__, "2003-1-2",          1, "yyyy-MM-dd"},
-    {__LINE__, "2003/01/02",        1, "none"},
-    {__LINE__, "2003-01/02",        1, "none"},
-    {__LINE__, "2003-001-02",       1, "none"},
-    {__LINE__, "2003-01-002",       1, "none"},
-    {__LINE__, "Jan 2, 2003",       1, "MMM d, yyyy"},
-    {__LINE__, "Jan 12, 2003",      1, "MMM dd, yyyy"},
-    {__LINE__, "Sept 2 2003",       1, "MMMM d, yyyy"},
-    {__LINE__, "January 12, 2003",  1, "MMMM dd, yyyy"},
-    {__LINE__, "Xyz 2,2003",        1, "MMM d, yyyy"},   // words are looked up later
-    {__LINE__, "Ja 2, 2003",        1, "none"},
-    {__LINE__, "Jan 123, 2003",     1, "none"},
-    {__LINE__, "Jan 2, 203",        1, "none"},
-    {__LINE__, "Jan 2, 20033",      1, "none"},
-    {__LINE__, "Jan\t2, 2003",      1, "none"},          // the shape has room for a tab, its reading hasn't
-    {__LINE__, "Jan \t2, 2003",     1, "none"},
-    {__LINE__, "Jan 2,\t2003",      1, "none"},
-    {__LINE__, "2 Jan, 2003",       1, "d MMM, yyyy"},
-    {__LINE__, "12 Jan 2003",       1, "dd MMM, yyyy"},
-    {__LINE__, "2 June, 2003",      1, "d MMMM, yyyy"},
-    {__LINE__, "12 January, 2003",  1, "dd MMMM, yyyy"},
-    {__LINE__, "12 Ja, 2003",       1, "none"},
-    {__LINE__, "112 Jan, 2003",     1, "none"},
-    {__LINE__, "2-Jan-2003",        1, "d-MMM-yyyy"},
-    {__LINE__, "12-Jan-03",         1, "d-MMM-yyyy"},
-    {__LINE__, "2/Jan,2003",        1, "d-MMM-yyyy"},
-    {__LINE__, "2-June-2003",       1, "none"},
-    {__LINE__, "2-Jan-003",         1, "none"},
-    {__LINE__, "122-Jan-2003",      1, "none"},
-    {__LINE__, " \t1/2/2003\r\n",   1, "M/d/yyyy"},
-    {__LINE__, "1/2/2003 x",        1, "none"},
-    {__LINE__, "1/2/2003 1/2/2003", 1, "none"},
-    {__LINE__, "1/2/2003 12:30",    1, "none"},
-    {__LINE__, "12:30",             1, "none"},
-    {__LINE__, "",                  1, "none"},
-    {__LINE__, "1/2/2003\n",        1, "M/d/yyyy"},
-    {__LINE__, "#1/2/2003",         1, "none"},
-
-    {__LINE__, "12:30",             2, "hhhh.mm.ss.mmmmmm"},
-    {__LINE__, "12",                2, "hhhh.mm.ss.mmmmmm"},
-    {__LINE__, "12:30 PM",          2, "hh.mm.ss.mmmmmm AMPM"},
-    {__LINE__, "12x",               2, "hh.mm.ss.mmmmmm AMPM"},
-    {__LINE__, "1.2,3:456789",      2, "hhhh.mm.ss.mmmmmm"},
-    {__LINE__, "1.2,3:4567890",     2, "none"},
-    {__LINE__, "12:345",            2, "none"},
-    {__LINE__, "123:45",            2, "none"},
-    {__LINE__, "12-30",             2, "none"},
-    {__LINE__, "12:30:",            2, "none"},
-    {__LINE__, "12:30 P.M.",        2, "none"},
-    {__LINE__, "12:30 12:30",       2, "none"},
-    {__LINE__, "1/2/2003",          2, "none"},
-
-    {__LINE__, "2003-01-02-12.30.15.123456", 3, "yyyy-MM-dd-hhhh.mm.ss.mmmmmm"},
-    {__LINE__, "2003-01-02 12.30",   3, "yyyy-MM-dd-hhhh.mm.ss.mmmmmm"},
-    {__LINE__, "Jan 2, 2003 1:15 AM", 3, "MMM d, yyyy hh.mm.ss.mmmmmm AMPM"},
-    {__LINE__, "12 January, 2003 12:30", 3, "dd MMMM, yyyy hhhh.mm.ss.mmmmmm"},
-    {__LINE__, "2-Jan-2003 1",       3, "d-MMM-yyyy hhhh.mm.ss.mmmmmm"},
-    {__LINE__, "1/2/2003",           3, "M/d/yyyy hh.mm.ss.mmmmmm AMPM"},
-    {__LINE__, "1/2/2003-12",        3, "M/d/yyyy hhhh.mm.ss.mmmmmm"},
-    {__LINE__, "1/2/2003 ",          3, "none"},          // waits for a time
-    {__LINE__, " 1/2/2003",          3, "none"},
-    {__LINE__, " 1/2/2003 12:30 ",   3, "M/d/yyyy hhhh.mm.ss.mmmmmm"},
-    {__LINE__, "1/2/03 12:30",       3, "none"},
-    {__LINE__, "12:30",              3, "none"},
-    {__LINE__, "1/2/2003 12:30 12",  3, "none"},
-    {__LINE__, "1/2/2003 1/2/2003",  3, "none"},
-    // text that switches the scanner to another state
-    {__LINE__, "1/2/2003\x02\x04\x02",      1, "M/d/yyyy"},
-    {__LINE__, "1/2/2003\x02\x04\x02" "12", 1, "none"},
-    {__LINE__, "1/2/2003\x02\x01\x02" "12", 1, "none"},
-    {__LINE__, "\x02\x01\x02" "12",         1, "none"},
-    {__LINE__, "1/2/2003\xFF",              1, "M/d/yyyy"},
-    {__LINE__, "1/2/2003\xFF\xFF#",         1, "M/d/yyyy"},
+const GuessCase kCases[] = {
+    {1, "M/d/yyyy", {"1/2/2003", "01.02\\2003", " \t1/2/2003\r\n", "1/2/2003\n"}},
+    {1, "yyyy-MM-dd", {"2003-01-02", "2003-1-2"}},
+    {1, "MMM d, yyyy", {"Jan 2, 2003", "Xyz 2,2003"}},  // words are looked up later
+    {1, "MMM dd, yyyy", {"Jan 12, 2003"}},
+    {1, "MMMM d, yyyy", {"Sept 2 2003"}},
+    {1, "MMMM dd, yyyy", {"January 12, 2003"}},
+    {1, "d MMM, yyyy", {"2 Jan, 2003"}},
+    {1, "dd MMM, yyyy", {"12 Jan 2003"}},
+    {1, "d MMMM, yyyy", {"2 June, 2003"}},
+    {1, "dd MMMM, yyyy", {"12 January, 2003"}},
+    {1, "d-MMM-yyyy", {"2-Jan-2003", "12-Jan-03", "2/Jan,2003"}},
+    {1, "none", {"1/2/03", "123/2/2003", "1/223/2003", "1/2/20033", "1 /2/2003"}},
+    {1, "none", {"2003/01/02", "2003-01/02", "2003-001-02", "2003-01-002"}},
+    {1, "none", {"Ja 2, 2003", "Jan 123, 2003", "Jan 2, 203", "Jan 2, 20033"}},
+    // the shape has room for a tab, its reading hasn't
+    {1, "none", {"Jan\t2, 2003", "Jan \t2, 2003", "Jan 2,\t2003"}},
+    {1, "none", {"12 Ja, 2003", "112 Jan, 2003", "2-June-2003", "2-Jan-003", "122-Jan-2003"}},
+    {1, "none", {"", "#1/2/2003", "1/2/2003 x", "1/2/2003 1/2/2003", "1/2/2003 12:30", "12:30"}},
+    {2, "hhhh.mm.ss.mmmmmm", {"12:30", "12", "1.2,3:456789"}},
+    {2, "hh.mm.ss.mmmmmm AMPM", {"12:30 PM", "12x"}},
+    {2, "none", {"1.2,3:4567890", "12:345", "123:45", "12-30", "12:30:", "12:30 P.M.", "12:30 12:30", "1/2/2003"}},
+    {3, "yyyy-MM-dd-hhhh.mm.ss.mmmmmm", {"2003-01-02-12.30.15.123456", "2003-01-02 12.30"}},
+    {3, "MMM d, yyyy hh.mm.ss.mmmmmm AMPM", {"Jan 2, 2003 1:15 AM"}},
+    {3, "dd MMMM, yyyy hhhh.mm.ss.mmmmmm", {"12 January, 2003 12:30"}},
+    {3, "d-MMM-yyyy hhhh.mm.ss.mmmmmm", {"2-Jan-2003 1"}},
+    {3, "M/d/yyyy hh.mm.ss.mmmmmm AMPM", {"1/2/2003"}},
+    {3, "M/d/yyyy hhhh.mm.ss.mmmmmm", {"1/2/2003-12", " 1/2/2003 12:30 "}},
+    {3, "none", {"1/2/2003 ", " 1/2/2003"}},  // these wait for a time
+    {3, "none", {"1/2/03 12:30", "12:30", "1/2/2003 12:30 12", "1/2/2003 1/2/2003"}},
+    // text that switches the scanner to another state, or ends it
+    {1, "M/d/yyyy", {"1/2/2003\x02\x04\x02", "1/2/2003\xFF", "1/2/2003\xFF\xFF#"}},
+    {1, "none", {"1/2/2003\x02\x04\00212", "1/2/2003\x02\x01\00212", "\x02\x01\00212"}},
     // line feeds before a shape vanish
-    {__LINE__, "1/2/2003\xFF\n\n",          1, "M/d/yyyy"},
-    {__LINE__, "1/2/2003\xFF\nx",           1, "none"},
+    {1, "M/d/yyyy", {"1/2/2003\xFF\n\n"}},
+    {1, "none", {"1/2/2003\xFF\nx"}},
 };
-// clang-format on
 
+// Under other countries one shape is none.
 TEST(GuessDatePic, Shapes) {
-    for (const GuessCase& c : kRows) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        EXPECT_EQ(Guess(c.text, c.kind), c.want);
-    }
-}
-
-TEST(GuessDatePic, OnlyOneShapeDependsOnTheCountry) {
-    for (const GuessCase& c : kRows) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        const bool isUs = std::string(c.want).rfind("M/d/yyyy", 0) == 0;
-        EXPECT_EQ(Guess(c.text, c.kind, false), isUs ? "none" : c.want);
+    for (const GuessCase& c : kCases) {
+        const std::string picture = c.picture;
+        for (const char* text : c.texts) {
+            EXPECT_EQ(Guess(text, c.kind), picture) << text;
+            EXPECT_EQ(Guess(text, c.kind, false), picture.starts_with("M/d/yyyy") ? "none" : picture) << text;
+        }
     }
 }
 

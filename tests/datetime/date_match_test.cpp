@@ -1,150 +1,129 @@
 // The matcher: elements of a text beside elements of a picture.
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+#include <span>
+#include <string>
+
 #include "date_block.h"
 #include "datetime/date_match.h"
 
 namespace {
 
+std::string Match(int32_t type, const char* text, const char* picture) {
+    FMTCntlBlock block = DateBlock(type, text);
+    const DatePicList values(text, type);
+    const DatePicList elements(picture, kModePicture);
+    const FMTRegion region(&block);
+    return FMTMatchDatePic(values.First(), elements.First(), &block, region) == 1 ? DescribeValue(block) : "0";
+}
+
 struct MatchCase {
-    int line;
-    const char* text;
-    int32_t type;
-    const char* picture;
-    const char* want;
+    const char *text, *picture, *want;
 };
 
-std::string Match(const MatchCase& c) {
-    FMTCntlBlock block = DateBlock(c.type, c.text);
-    const DatePicList values(c.text, c.type);
-    const DatePicList picture(c.picture, kModePicture);
-    const FMTRegion region(&block);
-    return FMTMatchDatePic(values.First(), picture.First(), &block, region) == 1 ? DescribeValue(block) : "0";
+void ExpectMatched(int32_t type, std::span<const MatchCase> rows) {
+    for (const MatchCase& c : rows) EXPECT_EQ(Match(type, c.text, c.picture), c.want) << c.text << " by " << c.picture;
 }
 
-template <size_t kRows>
-void ExpectMatched(const MatchCase (&rows)[kRows]) {
-    for (const MatchCase& c : rows) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        EXPECT_EQ(Match(c), c.want);
-    }
+void ExpectRefused(int32_t type, const char* picture, std::initializer_list<const char*> texts) {
+    for (const char* text : texts) EXPECT_EQ(Match(type, text, picture), "0") << text << " by " << picture;
 }
-
-// clang-format off
 
 TEST(MatchDatePic, Dates) {
     static constexpr MatchCase kRows[] = {
-        {__LINE__, "01-02-2003",               1, "MM/dd/yyyy",          "2003-01-02 D"},
-        {__LINE__, "1 2 2003",                 1, "M/d/yy",              "2003-01-02 D"},
-        {__LINE__, "1/2",                      1, "M/d/yy",              "0"},             // no year
-        {__LINE__, "1/2/2003/4",               1, "M/d/yy",              "0"},
-        {__LINE__, "19991231",                 1, "yyyy-MM-dd",          "1999-12-31 D"},
-        {__LINE__, "2/30/2003",                1, "M/d/yyyy",            "0"},
-        {__LINE__, "2/29/1900",                1, "M/d/yyyy",            "0"},
-        {__LINE__, "2/29/2000",                1, "M/d/yyyy",            "2000-02-29 D"},
-        {__LINE__, "13/1/2003",                1, "M/d/yyyy",            "0"},
-        {__LINE__, "0/1/2003",                 1, "M/d/yyyy",            "0"},
-        {__LINE__, "1/32/2003",                1, "M/d/yyyy",            "0"},
-        {__LINE__, "1/0/2003",                 1, "M/d/yyyy",            "0"},
-        {__LINE__, "1/2/10000",                1, "M/d/yyyy",            "0"},
-        {__LINE__, "1/2/9999",                 1, "M/d/yyyy",            "9999-01-02 D"},
-        {__LINE__, "1/2/99999999999",          1, "M/d/yyyy",            "0"},
-        {__LINE__, "1/2/10000",                1, "M/d/yy",              "0"},
-        {__LINE__, "1/2/0003",                 1, "M/d/yy",              "0"},             // two digits, or all four
-        {__LINE__, "0099-01-02",               1, "yyyy-MM-dd",          "0099-01-02 D"},
-        {__LINE__, "0000",                     1, "yyyy",                "0000-01-01 D"},
-        {__LINE__, "2003-0001-02",             1, "yyyy-MM-dd",          "0"},
-        {__LINE__, "Jan",                      1, "MMMM",                "1900-01-01 D"},
-        {__LINE__, "5",                        1, "MMM",                 "0"},
-        {__LINE__, "Thursday",                 1, "dddd",                "0"},             // 1 January 1900: a Monday
-        {__LINE__, "Monday",                   1, "dddd",                "1900-01-01"},    // and no field of a date
-        {__LINE__, "Thursday, January 02, 2003", 1, "dddd, MMMM dd, yyyy", "2003-01-02 D"},
-        {__LINE__, "thu JAN 2 2003",           1, "dddd, MMMM dd, yyyy", "2003-01-02 D"},
-        {__LINE__, "thursday january 2 2003",  1, "ddd MMM d yyyy",      "2003-01-02 D"},
-        {__LINE__, "Friday, January 02, 2003", 1, "dddd, MMMM dd, yyyy", "0"},
-        {__LINE__, "Someday, January 02, 2003", 1, "dddd, MMMM dd, yyyy", "0"},
-        {__LINE__, "January 02, 2003",         1, "dddd, MMMM dd, yyyy", "0"},
+        {"01-02-2003", "MM/dd/yyyy", "2003-01-02 D"},
+        {"1 2 2003", "M/d/yy", "2003-01-02 D"},
+        {"19991231", "yyyy-MM-dd", "1999-12-31 D"},
+        {"2/29/2000", "M/d/yyyy", "2000-02-29 D"},
+        {"1/2/9999", "M/d/yyyy", "9999-01-02 D"},
+        {"0099-01-02", "yyyy-MM-dd", "0099-01-02 D"},
+        {"0000", "yyyy", "0000-01-01 D"},
+        {"Jan", "MMMM", "1900-01-01 D"},
+        {"Monday", "dddd", "1900-01-01"},  // a name, and no field of a date
+        {"Thursday, January 02, 2003", "dddd, MMMM dd, yyyy", "2003-01-02 D"},
+        {"thu JAN 2 2003", "dddd, MMMM dd, yyyy", "2003-01-02 D"},
+        {"thursday january 2 2003", "ddd MMM d yyyy", "2003-01-02 D"},
     };
-    ExpectMatched(kRows);
+    ExpectMatched(FMT_TYPE_DATE, kRows);
+    ExpectRefused(FMT_TYPE_DATE, "M/d/yyyy",
+                  {"2/30/2003", "2/29/1900", "13/1/2003", "0/1/2003", "1/32/2003", "1/0/2003"});
+    ExpectRefused(FMT_TYPE_DATE, "M/d/yyyy", {"1/2/10000", "1/2/99999999999"});
+    ExpectRefused(FMT_TYPE_DATE, "M/d/yy", {"1/2", "1/2/2003/4", "1/2/10000", "1/2/0003"});
+    ExpectRefused(FMT_TYPE_DATE, "yyyy-MM-dd", {"2003-0001-02"});
+    ExpectRefused(FMT_TYPE_DATE, "MMM", {"5"});
+    ExpectRefused(FMT_TYPE_DATE, "dddd", {"Thursday"});  // 1 January 1900 was a Monday
+    ExpectRefused(FMT_TYPE_DATE, "dddd, MMMM dd, yyyy",
+                  {"Friday, January 02, 2003", "Someday, January 02, 2003", "January 02, 2003"});
 }
 
 TEST(MatchDatePic, Texts) {
     static constexpr MatchCase kRows[] = {
-        {__LINE__, "Week 2 Jan",    1, "'week 'd MMM",    "1900-01-02 D"},
-        {__LINE__, "' week '2 Jan", 1, "'WEEK'd MMM",     "1900-01-02 D"},
-        {__LINE__, "wk 2 Jan",      1, "'week 'd MMM",    "0"},
-        {__LINE__, "2 Jan",         1, "'week 'd MMM",    "0"},
-        {__LINE__, "2 Jan",         1, "' 'd '' MMM",     "1900-01-02 D"},  // blank texts count nowhere
-        {__LINE__, "'' 2 ' ' Jan",  1, "d MMM",           "1900-01-02 D"},
-        {__LINE__, "2 Jan x",       1, "d MMM",           "0"},
-        {__LINE__, "Janx 2",        1, "MMM'x' d",        "1900-01-02 D"},
-        {__LINE__, "JanuaryX 2",    1, "MMM'x' d",        "0"},             // glued texts count in their case
-        {__LINE__, "Janx 2",        1, "MMM 'x' d",       "0"},
-        {__LINE__, "Jan x 2",       1, "MMM'x' d",        "1900-01-02 D"},
-        {__LINE__, "x 2",           1, "MMM'x' d",        "0"},
-        {__LINE__, "4 tammita",     1, "d MMMM'ta'",      "0"},
-        {__LINE__, "4 Marchta",     1, "d MMMM'ta'",      "1900-03-04 D"},
-        {__LINE__, "4 Marchta",     1, "d MMMM",          "0"},
-        {__LINE__, "4 March",       1, "d MMMM''",        "1900-03-04 D"},
+        {"Week 2 Jan", "'week 'd MMM", "1900-01-02 D"}, {"' week '2 Jan", "'WEEK'd MMM", "1900-01-02 D"},
+        {"2 Jan", "' 'd '' MMM", "1900-01-02 D"},  // blank texts count nowhere
+        {"'' 2 ' ' Jan", "d MMM", "1900-01-02 D"},      {"Janx 2", "MMM'x' d", "1900-01-02 D"},
+        {"Jan x 2", "MMM'x' d", "1900-01-02 D"},        {"4 Marchta", "d MMMM'ta'", "1900-03-04 D"},
+        {"4 March", "d MMMM''", "1900-03-04 D"},
     };
-    ExpectMatched(kRows);
+    ExpectMatched(FMT_TYPE_DATE, kRows);
+    ExpectRefused(FMT_TYPE_DATE, "'week 'd MMM", {"wk 2 Jan", "2 Jan"});
+    ExpectRefused(FMT_TYPE_DATE, "d MMM", {"2 Jan x"});
+    ExpectRefused(FMT_TYPE_DATE, "MMM'x' d", {"JanuaryX 2", "x 2"});  // glued texts count in their case
+    ExpectRefused(FMT_TYPE_DATE, "MMM 'x' d", {"Janx 2"});
+    ExpectRefused(FMT_TYPE_DATE, "d MMMM'ta'", {"4 tammita"});
+    ExpectRefused(FMT_TYPE_DATE, "d MMMM", {"4 Marchta"});
 }
 
 TEST(MatchDatePic, Times) {
     static constexpr MatchCase kRows[] = {
-        {__LINE__, "12 PM",           2, "hh:mm:ss AMPM",    "1900-01-01 12:00:00 T"},
-        {__LINE__, "12:30:15 am",     2, "hh:mm:ss AMPM",    "1900-01-01 0:30:15 T"},
-        {__LINE__, "12:30",           2, "hh:mm:ss AMPM",    "0"},    // morning or afternoon?
-        {__LINE__, "12:30",           2, "hh:mm:ss",         "1900-01-01 12:30:00 T"},
-        {__LINE__, "1:30 XM",         2, "hh:mm AMPM",       "0"},
-        {__LINE__, "1:30 5",          2, "hh:mm AMPM",       "0"},
-        {__LINE__, "0:30 AM",         2, "hh:mm AMPM",       "0"},
-        {__LINE__, "13:30 PM",        2, "hh:mm AMPM",       "0"},
-        {__LINE__, "13",              2, "hhhh:mm:ss",       "1900-01-01 13:00:00 T"},
-        {__LINE__, "13 30",           2, "hhhh:mm:ss",       "0"},    // separators are needed on the 24-hour clock,
-        {__LINE__, "1 30",            2, "hh:mm:ss",         "1900-01-01 1:30:00 T"},  // though not on the 12-hour one
-        {__LINE__, "1:30 PM",         2, "hhhh:mm AMPM",     "1900-01-01 13:30:00 T"},
-        {__LINE__, "13:30 PM",        2, "hhhh:mm AMPM",     "0"},
-        {__LINE__, "13:30",           2, "hhhh:mm AMPM",     "1900-01-01 13:30:00 T"},
-        {__LINE__, "24:00",           2, "hhhh:mm",          "1900-01-01 24:00:00 T"},
-        {__LINE__, "25:00",           2, "hhhh:mm",          "0"},
-        {__LINE__, "1:60",            2, "hhhh:mm",          "0"},
-        {__LINE__, "1:59:60",         2, "hhhh:mm:ss",       "0"},
-        {__LINE__, "1:59:59.1000000", 2, "hhhh:mm:ss.mmmmmm", "0"},
-        {__LINE__, "1:59:59.999999",  2, "hhhh:mm:ss.mmmmmm", "1900-01-01 1:59:59.999999 T"},
-        {__LINE__, "1:02:03.5",       2, "hhhh:mm:ss.mmmmmm", "1900-01-01 1:02:03.000005 T"},  // not scaled
-        {__LINE__, "0012:30",         2, "hhhh:mm",          "0"},    // a year written out is no hour,
-        {__LINE__, "12:0030",         2, "hhhh:mm",          "0"},    // no minute,
-        {__LINE__, "12:30:0015",      2, "hhhh:mm:ss",       "0"},    // no second
-        {__LINE__, "12:30:15.0015",   2, "hhhh:mm:ss.mmmmmm", "0"},
-        {__LINE__, "1:30",            2, "h:mm",             "1900-01-01 1:30:00 TU"},
-        {__LINE__, "1:30",            2, "hhh:mm",           "1900-01-01 1:30:00 TU"},
-        {__LINE__, "PM",              2, "hh:mm AMPM",       "0"},    // no hour
-        {__LINE__, "x",               2, "hh:mm",            "0"},
-        {__LINE__, ":",               2, "hh:mm",            "0"},
-        {__LINE__, "1/2/2003",        3, "M/d/yyyy hh:mm AMPM", "2003-01-02 D"},
-        {__LINE__, "1/2/2003 5 PM",   3, "M/d/yyyy hh:mm AMPM", "2003-01-02 17:00:00 DT"},
-        {__LINE__, "2/30/2003 5 PM",  3, "M/d/yyyy hh:mm AMPM", "0"},
-        {__LINE__, "2/30/2003 5 PM",  2, "M/d/yyyy hh:mm AMPM", "2003-02-30 17:00:00 DT"},  // a time has no date to test
-        {__LINE__, "13 1 2003",       1, "hhhh.M/yyyy",      "2003-01-01 13:00:00 DT"},
-        {__LINE__, "13 1 2003",       3, "hhhh.M/yyyy",      "0"},
+        {"12 PM", "hh:mm:ss AMPM", "1900-01-01 12:00:00 T"},
+        {"12:30:15 am", "hh:mm:ss AMPM", "1900-01-01 0:30:15 T"},
+        {"12:30", "hh:mm:ss", "1900-01-01 12:30:00 T"},
+        {"1 30", "hh:mm:ss", "1900-01-01 1:30:00 T"},
+        {"1:30", "h:mm", "1900-01-01 1:30:00 TU"},
+        {"1:30", "hhh:mm", "1900-01-01 1:30:00 TU"},
+        {"13", "hhhh:mm:ss", "1900-01-01 13:00:00 T"},
+        {"1:30 PM", "hhhh:mm AMPM", "1900-01-01 13:30:00 T"},
+        {"13:30", "hhhh:mm AMPM", "1900-01-01 13:30:00 T"},
+        {"24:00", "hhhh:mm", "1900-01-01 24:00:00 T"},
+        {"1:59:59.999999", "hhhh:mm:ss.mmmmmm", "1900-01-01 1:59:59.999999 T"},
+        {"1:02:03.5", "hhhh:mm:ss.mmmmmm", "1900-01-01 1:02:03.000005 T"},  // not scaled
     };
-    ExpectMatched(kRows);
+    ExpectMatched(FMT_TYPE_TIME, kRows);
+    ExpectRefused(FMT_TYPE_TIME, "hh:mm:ss AMPM", {"12:30"});  // morning or afternoon?
+    ExpectRefused(FMT_TYPE_TIME, "hh:mm AMPM", {"1:30 XM", "1:30 5", "0:30 AM", "13:30 PM", "PM"});
+    ExpectRefused(FMT_TYPE_TIME, "hh:mm", {"x", ":"});
+    ExpectRefused(FMT_TYPE_TIME, "hhhh:mm AMPM", {"13:30 PM"});
+    ExpectRefused(FMT_TYPE_TIME, "hhhh:mm:ss", {"13 30"});  // separators are needed on the 24-hour clock
+    ExpectRefused(FMT_TYPE_TIME, "hhhh:mm:ss.mmmmmm", {"25:00", "1:60", "1:59:60", "1:59:59.1000000"});
+    // A year written out is no part of a time.
+    ExpectRefused(FMT_TYPE_TIME, "hhhh:mm:ss.mmmmmm", {"0012:30", "12:0030", "12:30:0015", "12:30:15.0015"});
 }
 
-// clang-format on
+TEST(MatchDatePic, DatesAndTimes) {
+    static constexpr MatchCase kRows[] = {
+        {"1/2/2003", "M/d/yyyy hh:mm AMPM", "2003-01-02 D"},
+        {"1/2/2003 5 PM", "M/d/yyyy hh:mm AMPM", "2003-01-02 17:00:00 DT"},
+        {"2/30/2003 5 PM", "M/d/yyyy hh:mm AMPM", "0"},
+        {"13 1 2003", "hhhh.M/yyyy", "0"},
+    };
+    ExpectMatched(FMT_TYPE_DATE_TIME, kRows);
+    EXPECT_EQ(Match(FMT_TYPE_DATE, "13 1 2003", "hhhh.M/yyyy"), "2003-01-01 13:00:00 DT");
+    // A time has no date to test.
+    EXPECT_EQ(Match(FMT_TYPE_TIME, "2/30/2003 5 PM", "M/d/yyyy hh:mm AMPM"), "2003-02-30 17:00:00 DT");
+}
 
 TEST(MatchDatePic, WhereMorningAndAfternoonAreCalledAlikeItIsMorning) {
-    FMTCntlBlock block = DateBlock(2, "12:30 x");
+    FMTCntlBlock block = DateBlock(FMT_TYPE_TIME, "12:30 x");
     block.AMString = "X";
     block.PMString = "x";
     block.ShortDatePic = "hh:mm AMPM";
-    block.Flags &= ~1U;
+    block.Flags &= ~FMT_DEFAULT_TIME;
     EXPECT_EQ(ReadValue(FMTValidateDateTime, block), "1900-01-01 0:30:00 T");
 }
 
 TEST(MatchDatePic, NoLists) {
-    FMTCntlBlock block = DateBlock(1, "");
+    FMTCntlBlock block = DateBlock(FMT_TYPE_DATE, "");
     const FMTRegion region(&block);
     const DatePicList list("M", kModePicture);
     EXPECT_EQ(FMTMatchDatePic(nullptr, list.First(), &block, region), 0);

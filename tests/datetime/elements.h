@@ -10,5 +10,5 @@
 std::string DescribeList(const DatePicElement* first);
 
 // What FMTParseDatePic makes of a text; checks that the list is linked both ways and that the other ways to read the
-// text (DatePicList, DateElementReader) agree with it.
+// text (DatePicList, DateElementReader, FMTPictureElements) agree with it.
 std::string DescribeText(const std::string& text, int32_t mode);

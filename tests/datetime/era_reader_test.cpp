@@ -1,186 +1,133 @@
 // Japanese dates: eras, marks, and a time behind them.
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 
-#include "date_block.h"
+#include "datetime/calendar.h"
 #include "datetime/era_reader.h"
+#include "read_cases.h"
 #include "support/locale.h"
 #include "support/profile.h"
 
 namespace {
 
-#define MEIJI "\x96\xBE\x8E\xA1"
-#define TAISHO "\x91\xE5\x90\xB3"
-#define SHOWA "\x8F\xBA\x98\x61"
-#define HEISEI "\x95\xBD\x90\xAC"
-#define Y "\x94\x4E"
-#define M "\x8C\x8E"
-#define D "\x93\xFA"
-#define WIDE_BLANK "\x81\x40"
+// The bytes that the date takes and what it is; "none", with the block as it was, for a text that doesn't begin with
+// one.
+std::string ParseEra(const std::string& text, bool needEra, bool boundaryCheck = true) {
+    FMTCntlBlock block = DateBlock(FMT_TYPE_DATE, text.c_str());
+    block.EmpDateBoundryCheck = boundaryCheck ? 1 : 2;
+    SetMoment(&block, {2, 3, 0, 5, 5, 5, 5});
+    const std::string before = DescribeValue(block);
+    const int32_t used = FMTParseEraDate(&block, FMTRegion(&block), needEra);
+    if (used == -1 && DescribeValue(block) == before) return "none";
+    return std::to_string(used) + ": " + DescribeValue(block);
+}
 
 struct EraCase {
-    int line;
-    const char* text;
-    bool needEra;
-    bool boundaryCheck;
-    int32_t used;
-    const char* want;
+    const char *shorthand, *want;
 };
 
-// clang-format off
-constexpr EraCase kEraDates[] = {
-    {__LINE__, HEISEI "1" Y "1" M "8" D,       true,  true,  13, "1989-01-08"},
-    {__LINE__, HEISEI "1" Y "1" M "8" D,       false, false, 13, "1989-01-08"},
-    {__LINE__, HEISEI "1" Y "1" M "7" D,       true,  false, -1, ""},   // before the era
-    {__LINE__, SHOWA "64" Y "1" M "7" D,       true,  true,  14, "1989-01-07"},
-    {__LINE__, SHOWA "64" Y "1" M "8" D,       true,  false, 14, "1989-01-08"},
-    {__LINE__, SHOWA "64" Y "1" M "8" D,       true,  true,  -1, ""},   // past its end
-    {__LINE__, HEISEI "99" Y "1" M "8" D,      true,  true,  14, "2087-01-08"},
-    {__LINE__, MEIJI "1" Y "9" M "29" D,       true,  true,  14, "1868-09-29"},
-    {__LINE__, MEIJI "1" Y "9" M "28" D,       true,  true,  -1, ""},
-    {__LINE__, TAISHO "01" Y "07" M "30" D,    true,  true,  16, "1912-07-30"},
-    {__LINE__, " " WIDE_BLANK "\t" HEISEI "1" Y "1" M "8" D "x", true, true, 17, "1989-01-08"},
-    {__LINE__, HEISEI " 1" Y " 1" M " 8" D,    true,  true,  16, "1989-01-08"},
-    {__LINE__, HEISEI "0" Y "1" M "8" D,       true,  true,  -1, ""},
-    {__LINE__, HEISEI "-1" Y "1" M "8" D,      true,  true,  -1, ""},
-    {__LINE__, HEISEI Y "1" M "8" D,           true,  true,  -1, ""},
-    {__LINE__, HEISEI "8011" Y "1" M "8" D,    true,  true,  16, "9999-01-08"},
-    {__LINE__, HEISEI "8012" Y "1" M "8" D,    true,  true,  -1, ""},   // the year 10000
-    {__LINE__, HEISEI "2147483647" Y "1" M "8" D, true, true, -1, ""},
-    {__LINE__, HEISEI "1",                     true,  true,  -1, ""},
-    {__LINE__, HEISEI "1" Y,                   true,  true,  -1, ""},
-    {__LINE__, HEISEI "1" Y "1" M "8",         true,  true,  -1, ""},
-    {__LINE__, HEISEI "1" Y "1" Y "8" D,       true,  true,  -1, ""},
-    {__LINE__, HEISEI "1" Y "13" M "8" D,      true,  true,  -1, ""},
-    {__LINE__, HEISEI "1" Y "2" M "29" D,      true,  true,  -1, ""},
-    {__LINE__, HEISEI "1/1/8",                 true,  true,  -1, ""},
-    {__LINE__, "\x95\xBD" "1" Y "1" M "8" D,   true,  true,  -1, ""},   // half a name
-    {__LINE__, "\x95",                         true,  true,  -1, ""},
-    {__LINE__, "H1" Y "1" M "8" D,             false, true,  -1, ""},   // letters stand for no era
-    {__LINE__, "",                             false, true,  -1, ""},
-    // plain years
-    {__LINE__, "2003" Y "1" M "8" D,           false, true,  12, "2003-01-08"},
-    {__LINE__, "2003" Y "1" M "8" D,           true,  true,  -1, ""},
-    {__LINE__, "03" Y "1" M "8" D,             false, true,  10, "1903-01-08"},  // whatever the clock says
-    {__LINE__, "3" Y "1" M "8" D,              false, true,   9, "1903-01-08"},
-    {__LINE__, "+3" Y "1" M "8" D,             false, true,  10, "1903-01-08"},
-    {__LINE__, "103" Y "1" M "8" D,            false, true,  11, "0103-01-08"},
-    {__LINE__, "003" Y "1" M "8" D,            false, true,  11, "0003-01-08"},
-    {__LINE__, "-3" Y "1" M "8" D,             false, true,  -1, ""},
-    {__LINE__, "-300" Y "1" M "8" D,           false, true,  -1, ""},
-    {__LINE__, "10000" Y "1" M "8" D,          false, true,  -1, ""},
-    {__LINE__, "2003",                         false, true,  -1, ""},
-};
-// clang-format on
-
-TEST(ParseEraDateJapanese, Texts) {
+TEST(ParseEraDateJapanese, YearsOfEras) {
     const TestLanguage language(kJapanese);
-    for (const EraCase& c : kEraDates) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        FMTCntlBlock block = DateBlock(1, c.text);
-        block.EmpDateBoundryCheck = c.boundaryCheck ? 1 : 2;
-        block.Hour = block.Minute = block.Second = block.Microsecond = 5;
-        const int32_t used = FMTParseEraDate(&block, FMTRegion(&block), c.needEra);
-        EXPECT_EQ(used, c.used);
-        if (used > 0) {
-            EXPECT_EQ(DescribeValue(block), c.want);
-        } else {
-            EXPECT_EQ(block.Year + block.Hour, 5) << "the block stays";
-        }
+    static constexpr EraCase kRows[] = {
+        {"H1y1m8d", "13: 1989-01-08"},    {"S64y1m7d", "14: 1989-01-07"},   {"H99y1m8d", "14: 2087-01-08"},
+        {"M1y9m29d", "14: 1868-09-29"},   {"T01y07m30d", "16: 1912-07-30"}, {" _\tH1y1m8dx", "17: 1989-01-08"},
+        {"H 1y 1m 8d", "16: 1989-01-08"}, {"H8011y1m8d", "16: 9999-01-08"},
+    };
+    for (const EraCase& c : kRows) EXPECT_EQ(ParseEra(Japanese(c.shorthand), true), c.want) << c.shorthand;
+    for (const char* bad : {"M1y9m28d", "H1y1m7d", "S64y1m8d",  // before the era, past its end
+                            "H0y1m8d", "H-1y1m8d", "Hy1m8d", "H8012y1m8d", "H2147483647y1m8d", "H1", "H1y", "H1y1m8",
+                            "H1y1y8d", "H1y13m8d", "H1y2m29d", "H1/1/8", "2003y1m8d"}) {
+        EXPECT_EQ(ParseEra(Japanese(bad), true), "none") << bad;
     }
+    EXPECT_EQ(ParseEra(Japanese("S64y1m8d"), true, false), "14: 1989-01-08");
+    EXPECT_EQ(ParseEra(Japanese("H1y1m7d"), true, false), "none");
+    EXPECT_EQ(ParseEra("\x95\xBD" + Japanese("1y1m8d"), true), "none") << "half a name";
+    EXPECT_EQ(ParseEra("\x95", true), "none");
+}
+
+TEST(ParseEraDateJapanese, PlainYears) {
+    const TestLanguage language(kJapanese);
+    static constexpr EraCase kRows[] = {
+        {"H1y1m8d", "13: 1989-01-08"},  {"2003y1m8d", "12: 2003-01-08"}, {"103y1m8d", "11: 0103-01-08"},
+        {"003y1m8d", "11: 0003-01-08"}, {"03y1m8d", "10: 1903-01-08"},  // whatever the clock says
+        {"3y1m8d", "9: 1903-01-08"},    {"+3y1m8d", "10: 1903-01-08"},
+    };
+    for (const EraCase& c : kRows) EXPECT_EQ(ParseEra(Japanese(c.shorthand), false), c.want) << c.shorthand;
+    for (const char* bad : {"", "-3y1m8d", "-300y1m8d", "10000y1m8d", "2003"}) {
+        EXPECT_EQ(ParseEra(Japanese(bad), false), "none") << bad;
+    }
+    EXPECT_EQ(ParseEra("H" + Japanese("1y1m8d"), false), "none") << "letters stand for no era";
 }
 
 TEST(ParseEraDateJapanese, TheProfilesBoundaryCheck) {
     const TestLanguage language(kJapanese);
+    const std::string text = Japanese("S64y1m8d");
     for (const char* on : {"0", "1"}) {
         const TestProfile profile({{"MORVANEL", "iEmpDateBoundryCheck", on}});
-        FMTCntlBlock block = DateBlock(1, SHOWA "64" Y "1" M "8" D);
+        FMTCntlBlock block = DateBlock(FMT_TYPE_DATE, text.c_str());
         block.UseProfile = 1;
         EXPECT_EQ(FMTValidateDateTime(&block), *on == '0' ? 1 : 0);
     }
 }
 
-struct TextCase {
-    int line;
-    int32_t type;
-    const char* text;
-    const char* want;
-};
+std::string Read(int32_t type, const std::string& text) {
+    return ReadValue(FMTValidateDateTime, DateBlock(type, text.c_str()));
+}
 
+// Bit 12 stays, and so does a date whose time is bad.
 TEST(ValidateDateTimeJapanese, Texts) {
     const TestLanguage language(kJapanese);
-    // clang-format off
-    static constexpr TextCase kRows[] = {
-        {__LINE__, 1, HEISEI "1" Y "1" M "8" D,               "1989-01-08 DU"},  // bit 12 stays
-        {__LINE__, 1, "03" Y "1" M "8" D " " WIDE_BLANK,      "1903-01-08 DU"},
-        {__LINE__, 1, HEISEI "1" Y "1" M "8" D "12:30",       "touched: 1989-01-08 DTU"},
-        {__LINE__, 2, HEISEI "1" Y "1" M "8" D,               "0"},
-        {__LINE__, 3, HEISEI "1" Y "1" M "8" D,               "1989-01-08 DU"},
-        {__LINE__, 3, HEISEI "1" Y "1" M "8" D " 12:30",      "1989-01-08 12:30:00 DTU"},
-        {__LINE__, 3, HEISEI "1" Y "1" M "8" D WIDE_BLANK "1:30:15 PM", "1989-01-08 13:30:15 DTU"},
-        {__LINE__, 3, HEISEI "1" Y "1" M "8" D "25:30",       "touched: 1989-01-08 DTU"},
-        {__LINE__, 1, HEISEI "1" Y "1" M "8" D "#",           "0"},              // no text of elements at all
-        {__LINE__, 1, "1/8/1989",                             "1989-01-08 D"},
-        {__LINE__, 1, "H1.1.8",                               "0"},
-    };
-    // clang-format on
-    for (const TextCase& c : kRows) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        EXPECT_EQ(ReadValue(FMTValidateDateTime, DateBlock(c.type, c.text)), c.want);
-    }
+    const std::string date = Japanese("H1y1m8d");
+    EXPECT_EQ(Read(FMT_TYPE_DATE, date), "1989-01-08 DU");
+    EXPECT_EQ(Read(FMT_TYPE_DATE, Japanese("03y1m8d _")), "1903-01-08 DU");
+    EXPECT_EQ(Read(FMT_TYPE_DATE, date + "12:30"), "touched: 1989-01-08 DTU");
+    EXPECT_EQ(Read(FMT_TYPE_TIME, date), "0");
+    EXPECT_EQ(Read(FMT_TYPE_DATE_TIME, date), "1989-01-08 DU");
+    EXPECT_EQ(Read(FMT_TYPE_DATE_TIME, date + " 12:30"), "1989-01-08 12:30:00 DTU");
+    EXPECT_EQ(Read(FMT_TYPE_DATE_TIME, date + "\x81@1:30:15 PM"), "1989-01-08 13:30:15 DTU");
+    EXPECT_EQ(Read(FMT_TYPE_DATE_TIME, date + "25:30"), "touched: 1989-01-08 DTU");
+    EXPECT_EQ(Read(FMT_TYPE_DATE, date + "#"), "0") << "no text of elements at all";
+    EXPECT_EQ(Read(FMT_TYPE_DATE, "1/8/1989"), "1989-01-08 D");
+    EXPECT_EQ(Read(FMT_TYPE_DATE, "H1.1.8"), "0");
 }
 
 TEST(ValidateDateTimeJapanese, PicturesWithDoubleByteTexts) {
     const TestLanguage language(kJapanese);
-    FMTCntlBlock block = DateBlock(1, "1989" Y "1" M "8" D);
-    block.ShortDatePic = "yyyy'" Y "'M'" M "'d'" D "'";
-    EXPECT_EQ(ReadValue(FMTValidateDateTime, block), "1989-01-08 D");
-    block.Input = WIDE_BLANK "1989" Y "1" M WIDE_BLANK "8" D;
-    EXPECT_EQ(ReadValue(FMTValidateDateTime, block), "1989-01-08 D");
-    block.ShortDatePic = "yyyy MMM'" M "' d";
-    EXPECT_EQ(ReadValue(FMTValidateDateTime, (block.Input = "1989 Jan" M " 8", block)), "1989-01-08 D");
-    // the suffix's first byte would be a trail byte of the word
+    FMTCntlBlock block = DateBlock(FMT_TYPE_DATE, "");
+    const std::string picture = "yyyy'" + Japanese("y") + "'M'" + Japanese("m") + "'d'" + Japanese("d") + "'";
+    block.ShortDatePic = picture.c_str();
+    ExpectRead(block, Japanese("1989y1m8d").c_str(), "1989-01-08 D");
+    ExpectRead(block, Japanese("_1989y1m_8d").c_str(), "1989-01-08 D");
+    block.ShortDatePic = "yyyy MMM'\x8C\x8E' d";
+    ExpectRead(block, "1989 Jan\x8C\x8E 8", "1989-01-08 D");
     block.ShortDatePic = "yyyy MMM'A' d";
-    EXPECT_EQ(ReadValue(FMTValidateDateTime, (block.Input = "1989 Jan\x82"
-                                                            "A 8",
-                                              block)),
-              "0");
+    ExpectRead(block, "1989 Jan\202A 8", "0");  // the suffix's first byte would be a trail byte of the word
+}
+
+std::string Unformat(const std::string& text, const char* picture) {
+    FMTCntlBlock block = DateBlock(FMT_TYPE_DATE, text.c_str());
+    block.Picture = picture;
+    return ReadValue(FMTUnformatDateTimeStr, block);
 }
 
 TEST(UnformatDateTimeStrJapanese, Words) {
     const TestLanguage language(kJapanese);
-    struct Case {
-        int line;
-        const char* picture;
-        const char* text;
-        const char* want;
-    };
-    // clang-format off
-    static constexpr Case kRows[] = {
-        {__LINE__, "ED", HEISEI "1" Y "1" M "8" D,           "1989-01-08 DU"},
-        {__LINE__, "ED", HEISEI "1" Y "1" M "8" D "12:30",   "touched: 1989-01-08 DTU"},
-        {__LINE__, "ED", "1989" Y "1" M "8" D,               "0"},
-        {__LINE__, "E",  HEISEI "1" Y "1" M "8" D,           "1989-01-08 DU"},
-        {__LINE__, "E",  HEISEI "1" Y "1" M "8" D " 1:30 pm", "1989-01-08 13:30:00 DTU"},
-        {__LINE__, "E",  HEISEI "1" Y "1" M "8" D " x",      "touched: 1989-01-08 DTU"},
-        {__LINE__, "E",  "1/8/1989",                         "0"},
-    };
-    // clang-format on
-    for (const Case& c : kRows) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        FMTCntlBlock block = DateBlock(1, c.text);
-        block.Picture = c.picture;
-        EXPECT_EQ(ReadValue(FMTUnformatDateTimeStr, block), c.want);
-    }
+    const std::string date = Japanese("H1y1m8d");
+    EXPECT_EQ(Unformat(date, "ED"), "1989-01-08 DU");
+    EXPECT_EQ(Unformat(date + "12:30", "ED"), "touched: 1989-01-08 DTU");
+    EXPECT_EQ(Unformat(Japanese("1989y1m8d"), "ED"), "0");
+    EXPECT_EQ(Unformat(date, "E"), "1989-01-08 DU");
+    EXPECT_EQ(Unformat(date + " 1:30 pm", "E"), "1989-01-08 13:30:00 DTU");
+    EXPECT_EQ(Unformat(date + " x", "E"), "touched: 1989-01-08 DTU");
+    EXPECT_EQ(Unformat("1/8/1989", "E"), "0");
 }
 
 // The bytes of an era's name are letters like others on a single-byte system.
 TEST(ValidateDateTime, NoErasOnASingleByteSystem) {
-    EXPECT_EQ(ReadValue(FMTValidateDateTime, DateBlock(1, HEISEI "1" Y "1" M "8" D)), "0");
-    FMTCntlBlock block = DateBlock(1, HEISEI "1" Y "1" M "8" D);
-    block.Picture = "ED";
-    EXPECT_EQ(ReadValue(FMTUnformatDateTimeStr, block), "0");
+    EXPECT_EQ(Read(FMT_TYPE_DATE, Japanese("H1y1m8d")), "0");
+    EXPECT_EQ(Unformat(Japanese("H1y1m8d"), "ED"), "0");
 }
 
 }  // namespace

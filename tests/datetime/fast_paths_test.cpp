@@ -1,8 +1,10 @@
 // The fast paths of scanner and matcher give what their definitions give.
 #include <gtest/gtest.h>
 
+#include <map>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "date_block.h"
 #include "datetime/date_match.h"
@@ -20,6 +22,10 @@ std::string Tokens(const std::string& text, ScanState state, DateToken (DateScan
     return all;
 }
 
+void ExpectSameTokens(const std::string& text, ScanState state) {
+    ASSERT_EQ(Tokens(text, state, &DateScanner::Next), Tokens(text, state, &DateScanner::NextByRules)) << text;
+}
+
 // All texts of up to `longest` bytes of an alphabet.
 void ExpectSameTokens(const std::string& alphabet, size_t longest, ScanState state) {
     std::string text;
@@ -32,18 +38,15 @@ void ExpectSameTokens(const std::string& alphabet, size_t longest, ScanState sta
             if (text.size() == longest) break;
             text.push_back(alphabet.front());
         }
-        ASSERT_EQ(Tokens(text, state, &DateScanner::Next), Tokens(text, state, &DateScanner::NextByRules)) << text;
+        ExpectSameTokens(text, state);
     }
 }
 
-TEST(FastPaths, ShortPicturesHaveTheSameTokens) {
+TEST(FastPaths, ShortTextsHaveTheSameTokens) {
     ExpectSameTokens("ym'A /\x81\xFF", 5, ScanState::kPicture);
     ExpectSameTokens("dM", 7, ScanState::kPicture);
     ExpectSameTokens("sy", 8, ScanState::kPicture);
     ExpectSameTokens("mh", 9, ScanState::kPicture);
-}
-
-TEST(FastPaths, ShortTextsHaveTheSameTokens) {
     ExpectSameTokens("0a' /\x81\xA0\xFF", 5, ScanState::kValue);
     ExpectSameTokens("01", 6, ScanState::kValue);
 }
@@ -52,100 +55,100 @@ TEST(FastPaths, RunsOfEachLengthHaveTheSameTokens) {
     for (size_t length = 1; length < 120; ++length) {
         for (const char c : std::string("yMdhms 0ax'")) {
             for (const char* behind : {"", "/", "\xFF", "\x81", "'"}) {
-                const std::string text = std::string(length, c) + behind;
-                for (const ScanState state : {ScanState::kPicture, ScanState::kValue}) {
-                    ASSERT_EQ(Tokens(text, state, &DateScanner::Next), Tokens(text, state, &DateScanner::NextByRules))
-                        << text;
-                }
+                ExpectSameTokens(std::string(length, c) + behind, ScanState::kPicture);
+                ExpectSameTokens(std::string(length, c) + behind, ScanState::kValue);
             }
         }
     }
 }
 
-// ---- the matcher
-// ------------------------------------------------------------------------------------------------------
+// ---- kept pictures, and the matcher -------------------------------------------------------------------------------
 
-template <size_t kCount>
-const char* AnyOf(const char* const (&choices)[kCount], std::mt19937& random) {
-    return choices[random() % kCount];
-}
+using Parts = std::vector<const char*>;
 
-constexpr const char* kPictureParts[] = {"d",    "dd", "ddd", "dddd", "M",    "MM", "MMM",  "MMMM",   "yy",
-                                         "yyyy", "h",  "hh",  "hhh",  "hhhh", "mm", "ss",   "mmmmmm", "AMPM",
-                                         " ",    " ",  "/",   "-",    ":",    ", ", "'of'", "' '",    "''"};
-constexpr const char* kTextParts[] = {
-    "1",        "2",     "12", "13", "31", "03", "0003", "2003", "1999", "60", "Mon", "Thursday", "Jan",     "FEB",
-    "december", "Janof", "of", "am", "PM", "x",  " ",    " ",    "/",    "-",  ":",   ", ",       "' Jan '", "''"};
+const Parts kPictureParts = {"d",    "dd", "ddd", "dddd", "M",    "MM", "MMM",  "MMMM",   "yy",
+                             "yyyy", "h",  "hh",  "hhh",  "hhhh", "mm", "ss",   "mmmmmm", "AMPM",
+                             " ",    " ",  "/",   "-",    ":",    ", ", "'of'", "' '",    "''"};
+const Parts kTextParts = {"1",   "2",        "12",  "13",  "31",       "03",    "0003",    "2003", "1999", "60",
+                          "Mon", "Thursday", "Jan", "FEB", "december", "Janof", "of",      "am",   "PM",   "x",
+                          " ",   " ",        "/",   "-",   ":",        ", ",    "' Jan '", "''"};
 
-// A text for a picture, more or less: mostly the part that its element wants.
-std::string RandomText(std::mt19937& random, int parts) {
+std::string AnyOf(const Parts& parts, size_t count, std::mt19937& random) {
     std::string text;
-    for (int i = 0; i < parts; ++i) text += AnyOf(kTextParts, random);
+    for (size_t i = 0; i < count; ++i) text += parts[random() % parts.size()];
     return text;
 }
 
-std::string RandomPicture(std::mt19937& random, int parts) {
-    std::string picture;
-    for (int i = 0; i < parts; ++i) picture += AnyOf(kPictureParts, random);
-    return picture;
-}
-
-// The text that the block's picture makes of a random date, with errors now and then.
+// The text that a picture makes of a random date, with errors now and then.
 std::string WrittenText(std::mt19937& random, const std::string& picture) {
-    FMTCntlBlock block = DateBlock(1, "");
-    block.Month = static_cast<int32_t>(random() % 12 + 1);
-    block.Day = static_cast<int32_t>(random() % 31 + 1);
-    block.Year = static_cast<int32_t>(random() % 10000);
-    block.Hour = static_cast<int32_t>(random() % 25);
-    block.Minute = static_cast<int32_t>(random() % 60);
-    block.Second = static_cast<int32_t>(random() % 60);
+    const auto upTo = [&random](int32_t sides) {
+        return static_cast<int32_t>(random() % static_cast<uint32_t>(sides));
+    };
+    FMTCntlBlock block = DateBlock(FMT_TYPE_DATE, "");
+    SetMoment(&block, {upTo(12) + 1, upTo(31) + 1, upTo(10000), upTo(25), upTo(60), upTo(60), 0});
     block.LongDatePic = picture.c_str();
-    char output[400] = "";
-    block.Output = output;
-    FMTFormatDateTime(&block);
-    std::string text = output;
+    std::string text = WriteValue(&block);
     if (!text.empty() && random() % 4 == 0) text[random() % text.size()] = "0129x/ :"[random() % 8];
     return text;
 }
 
-struct Verdicts {
-    int declined = 0;
-    int failed = 0;
-    int matched = 0;
-};
-
-void ExpectSameMatch(const std::string& text, const std::string& picture, int32_t type, Verdicts* verdicts) {
+// The fast path's verdict, held against the definition's; it keeps nothing for later matches.
+QuickVerdict ComparedVerdict(const std::string& text, const std::string& picture, int32_t type) {
     FMTCntlBlock quick = DateBlock(type, text.c_str());
     FMTCntlBlock defined = quick;
     const FMTRegion region(&quick);
     const QuickVerdict verdict = QuickMatchDatePic(text.c_str(), picture.c_str(), &quick, region);
-    if (verdict == QuickVerdict::kDeclined) {
-        ++verdicts->declined;
-        return;
-    }
+    if (verdict == QuickVerdict::kDeclined) return verdict;
     const DatePicList values(text.c_str(), type);
     const DatePicList elements(picture.c_str(), kModePicture);
     const std::string before = DescribeList(values.First());
-    const int32_t matches = FMTMatchDatePic(values.First(), elements.First(), &defined, region);
-    ASSERT_EQ(matches, verdict == QuickVerdict::kMatches ? 1 : 0) << text << " by " << picture << ", type " << type;
-    ASSERT_EQ(DescribeValue(quick), DescribeValue(defined)) << text << " by " << picture << ", type " << type;
-    ASSERT_EQ(DescribeList(values.First()), before) << "the fast path keeps nothing for later matches";
-    ++(matches != 0 ? verdicts->matched : verdicts->failed);
+    const bool matches = FMTMatchDatePic(values.First(), elements.First(), &defined, region) == 1;
+    const testing::ScopedTrace trace(__FILE__, __LINE__, text + " by " + picture + ", type " + std::to_string(type));
+    EXPECT_EQ(matches, verdict == QuickVerdict::kMatches);
+    EXPECT_EQ(DescribeValue(quick), DescribeValue(defined));
+    EXPECT_EQ(DescribeList(values.First()), before);
+    return verdict;
+}
+
+// A run of 100 blanks ends the text.
+TEST(FastPaths, BlanksOfEachLengthMatchAlike) {
+    std::map<QuickVerdict, int> verdicts;
+    for (size_t length = 1; length < 120; ++length) {
+        const std::string blanks(length, ' ');
+        for (const std::string& text : {blanks + "1/2/2003", "1/" + blanks + "2/2003", "1/2/2003" + blanks + "x",
+                                        "1/2/" + blanks + "\t2003", "1/2/2003\t" + blanks}) {
+            ++verdicts[ComparedVerdict(text, "M/d/yyyy", FMT_TYPE_DATE)];
+        }
+    }
+    EXPECT_GT(verdicts[QuickVerdict::kMatches], 100);
+    EXPECT_GT(verdicts[QuickVerdict::kDeclined], 100);
+}
+
+// More pictures than there are places for, with bad ones among them. DescribeText compares each with its list.
+TEST(FastPaths, KeptPicturesHaveTheElementsOfTheirLists) {
+    std::mt19937 random(20032);
+    int rejected = 0;
+    for (int i = 0; i < 5000; ++i) {
+        std::string picture = AnyOf(kPictureParts, random() % 20, random);
+        if (random() % 4 == 0) picture += "x!\xFF"[random() % 3];
+        for (int again = 0; again < 2; ++again) rejected += DescribeText(picture, kModePicture) == "none" ? 1 : 0;
+    }
+    EXPECT_GT(rejected, 1000);
+    EXPECT_LT(rejected, 9000);
 }
 
 TEST(FastPaths, TextsMatchAlike) {
     std::mt19937 random(20031);
-    Verdicts verdicts;
+    std::map<QuickVerdict, int> verdicts;
     for (int i = 0; i < 20000; ++i) {
-        const std::string picture = RandomPicture(random, static_cast<int>(random() % 8));
-        const int32_t type = static_cast<int32_t>(random() % 3 + 1);
-        ExpectSameMatch(RandomText(random, static_cast<int>(random() % 8)), picture, type, &verdicts);
-        ExpectSameMatch(WrittenText(random, picture), picture, type, &verdicts);
-        if (HasFatalFailure()) return;
+        const std::string picture = AnyOf(kPictureParts, random() % 8, random);
+        const auto type = static_cast<int32_t>(random() % 3 + 1);
+        ++verdicts[ComparedVerdict(AnyOf(kTextParts, random() % 8, random), picture, type)];
+        ++verdicts[ComparedVerdict(WrittenText(random, picture), picture, type)];
+        if (HasFailure()) return;
     }
-    EXPECT_GT(verdicts.declined, 1000);
-    EXPECT_GT(verdicts.failed, 1000);
-    EXPECT_GT(verdicts.matched, 1000);
+    for (const auto& [verdict, count] : verdicts) EXPECT_GT(count, 1000) << static_cast<int>(verdict);
+    EXPECT_EQ(verdicts.size(), 3u);
 }
 
 }  // namespace

@@ -10,27 +10,26 @@
 namespace {
 
 // Each allocation of a parse fails in its turn: the text is rejected, and no block is left.
-TEST(ParseDatePicFailure, NoMemory) {
-    struct Case {
-        const char* text;
-        int32_t mode;
-    };
-    for (const Case& c : {Case{"'a' MM 'bc'", kModePicture}, {"Jan 2, 2003", kModeDate}, {"December", kModeDate}}) {
-        const int64_t before = HostLiveBlocks();
-        for (uint32_t n = 1;; ++n) {
-            HostFailAllocation(n);
-            DatePicElement* first = FMTParseDatePic(c.text, c.mode);
-            const bool failed = HostAllocationFailed();
-            HostFailAllocation(0);
-            EXPECT_EQ(first == nullptr, failed) << c.text << ", allocation " << n;
-            FMTFreeDatePic(first);
-            EXPECT_EQ(HostLiveBlocks(), before) << c.text << ", allocation " << n;
-            if (!failed) {
-                EXPECT_GT(n, 5U);
-                break;
-            }
-        }
+void ExpectRejectedWithoutMemory(const char* text, int32_t mode) {
+    const int64_t before = HostLiveBlocks();
+    bool failed = true;
+    uint32_t n = 0;
+    while (failed) {
+        HostFailAllocation(++n);
+        DatePicElement* first = FMTParseDatePic(text, mode);
+        failed = HostAllocationFailed();
+        HostFailAllocation(0);
+        EXPECT_EQ(first == nullptr, failed) << text << ", allocation " << n;
+        FMTFreeDatePic(first);
+        EXPECT_EQ(HostLiveBlocks(), before) << text << ", allocation " << n;
     }
+    EXPECT_GT(n, 5U);
+}
+
+TEST(ParseDatePicFailure, NoMemory) {
+    ExpectRejectedWithoutMemory("'a' MM 'bc'", kModePicture);
+    ExpectRejectedWithoutMemory("Jan 2, 2003", kModeDate);
+    ExpectRejectedWithoutMemory("December", kModeDate);
 }
 
 TEST(DatePicList, AllocatesNothingForCommonPictures) {
