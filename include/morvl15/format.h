@@ -128,13 +128,13 @@ typedef struct FMTCntlBlock {
 
 // FMTInitCntlBlock: sets a block up: Type FMT_TYPE_NONE, Country 1, Flags FMT_DEFAULT_TIME, FMT_MICROSECONDS and
 // FMT_USABLE, Value zero, all else zero or null.
-//   block   out: Currency, CurrencyPos, NegCurrency, Result, the reserved fields and Flags from bit 13 on stay as they
-//                are
+//   block   out: never null; Currency, CurrencyPos, NegCurrency, Result, the reserved fields and Flags from bit 13 on
+//                stay as they are
 MORVL_API void MORVL_CALL FMTInitCntlBlock(FMTCntlBlock* block);
 
 // FMTGetProfileIntl: reads the regional settings from the user profile. The settings that the library works with stay
 // as they are.
-//   settings    out: all fields but the reserved one
+//   settings    out: never null; all fields but the reserved one
 // An absent key gives the default; numbers are taken as they are. Some pictures are mended: the short one
 // "yyyy-MM-dddd" of country 43 loses its last "dd", "yy-MM-dd" of "Canada (French)" gets slashes; in the long one
 // separators come out of quotes ("d'. 'MMMM" becomes "d. MMMM"), in country 358 the ending "ta" of a month goes in.
@@ -162,7 +162,7 @@ MORVL_API void MORVL_CALL FMTWinIniChanged(void);
 //           out: Output, room for 64 bytes; it may be the buffer of the Picture
 // The empty picture, "$" and scientific pictures are the same in every form and are copied.
 // Result: 1. 0 with Output empty for a null Picture and where the picture or the result has more than 63 bytes; 0 for a
-// null Output. What is no valid picture is converted as far as it goes.
+// null block or Output. What is no valid picture is converted as far as it goes.
 // Examples (US): "$#,##0.00" <-> 03 0F "#" 01 "##0" 02 "00" 10; "#,##0.00 DM" of the old notation -> "#,##0.00 'DM'"
 MORVL_API int32_t MORVL_CALL FMTTokenizeNumberPic(FMTCntlBlock* block);
 MORVL_API int32_t MORVL_CALL FMTUnTokenizeNumberPic(FMTCntlBlock* block);
@@ -174,7 +174,7 @@ MORVL_API int32_t MORVL_CALL FMTIsNumberPicTokenized(const char* picture);
 
 // FMTIsNumberPicValid: whether a picture follows the language.
 //   block   in:  Picture, in either form; nothing is written
-// Result: 1 or 0; 0 for null and for a picture of more than 63 bytes.
+// Result: 1 or 0; 0 for a null block or Picture, and for a picture of more than 63 bytes.
 MORVL_API int32_t MORVL_CALL FMTIsNumberPicValid(FMTCntlBlock* block);
 
 // ---- numbers as text --------------------------------------------------------------------------------------------
@@ -246,7 +246,7 @@ MORVL_API int32_t MORVL_CALL FMTUnformatNumberStr(FMTCntlBlock* block);
 //   Input        in:  the text; neither group separators nor the region's decimal separator are known
 //   DoubleValue  out: the double; 0 where the text begins with no number. For an empty Input its upper two bytes become
 //                     0x7FF8, which makes the null double of a field that was zero.
-// Result: 1; 0 for a null Input. Flags isn't read.
+// Result: 1; 0 for a null block or Input. Flags isn't read.
 MORVL_API int32_t MORVL_CALL FMTStrToNumber(FMTCntlBlock* block);
 
 MORVL_END_C

@@ -27,10 +27,6 @@ const char* PassPlaces(const char* at, int32_t* zeros, int32_t* places) {
     return at;
 }
 
-bool IsPlace(char byte) {
-    return byte == '#' || byte == '0';
-}
-
 // Declines pictures that aren't valid, some that are, and those that aren't scientific.
 bool ScanSciPicture(const char* picture, SciPicture* result) {
     if (picture[0] != '0' || picture[1] != '.') return false;
@@ -63,7 +59,8 @@ bool fast::FormatScientific(const char* picture, FMTSeparators separators, const
     constexpr int32_t kScaledDigits = 20;
     SciPicture shape;
     Digits digits;
-    if (separators.decimal == 0 || IsPlace(separators.decimal) || IsPlace(separators.thousand)) return false;
+    if (separators.decimal == 0) return false;
+    if (FMTIsDigitPlace(separators.decimal) || FMTIsDigitPlace(separators.thousand)) return false;
     if (!ScanSciPicture(picture, &shape) || !digits.Take(value)) return false;
     if (!digits.HasAtMost(kScaledDigits)) return false;
 

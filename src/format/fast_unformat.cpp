@@ -51,6 +51,7 @@ Outcome ReadBySection(std::string_view text, const fast::SectionShape& section, 
     const std::string_view tail = section.shape.suffix;
     const bool percent = tail.starts_with('%') && text.find('%') != std::string_view::npos;
     const ShownText suffix(tail, section.plainLiterals, PadRule::kPads);
+    if (minus && suffix.Shown().starts_with('-')) return Outcome::kDeclined;  // it may be that minus
     if (suffix.HasPad()) {
         while (!text.empty() && IntlIsSpaceByte(text.back())) text.remove_suffix(1);
     }

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr FMTSeparators kSciSeparators = {',', '.'};
-
 int64_t CountCharacters(std::string_view text) {
     int64_t count = 0;
     for (; !text.empty(); text.remove_prefix(TextStep(text))) ++count;

@@ -29,7 +29,7 @@ int32_t FMTParseNumberText(const char* text, const FMTNumberForm& form, Number* 
 //   text      in/out: without the section's literal text
 //   section   in:     a section of a picture
 //   percent   out:    set to true if the section and the text have a percent sign; otherwise as it was
-//   skipSign  in:     the literal text stands behind a leading "-"
+//   skipSign  in:     the text in front may stand behind a leading "-"
 // Result: 1; 0 for a section without a digit place.
 int32_t FMTStripPicLiterals(char* text, std::string_view section, bool* percent, bool skipSign,
                             FMTSeparators separators);

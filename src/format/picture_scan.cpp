@@ -1,13 +1,10 @@
 // Scans of number pictures: where the sections are cut, and what a section's digit places ask for.
 #include "picture_scan.h"
 
+#include "picture_tokens.h"
 #include "text_step.h"
 
 namespace {
-
-bool IsPlace(char c) {
-    return c == '#' || c == '0';
-}
 
 // A walk over a section from one of its characters on.
 class SectionWalk {
@@ -17,11 +14,11 @@ class SectionWalk {
 
     bool AtEnd() const { return at_ >= section_.size(); }
     size_t At() const { return at_; }
-    bool OnPlace() const { return !AtEnd() && IsPlace(section_[at_]); }
+    bool OnPlace() const { return !AtEnd() && FMTIsDigitPlace(section_[at_]); }
     bool OnZero() const { return !AtEnd() && section_[at_] == '0'; }
     bool OnThousand() const { return IsSeparator(separators_.thousand); }
     bool OnDecimal() const { return IsSeparator(separators_.decimal); }
-    bool PlaceFollows() const { return at_ + 1 < section_.size() && IsPlace(section_[at_ + 1]); }
+    bool PlaceFollows() const { return at_ + 1 < section_.size() && FMTIsDigitPlace(section_[at_ + 1]); }
     void Step() { at_ += TextStep(section_.substr(at_)); }
 
   private:

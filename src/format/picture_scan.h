@@ -5,6 +5,9 @@
 
 #include "number_work.h"
 
+// Those of a scientific picture, under every region.
+constexpr FMTSeparators kSciSeparators = {',', '.'};
+
 // The sections of a picture, cut at each ";" wherever it stands. Those behind the third play no part.
 struct FMTPictureSections {
     int32_t count;  // 1 to 3; a section may be empty

@@ -20,8 +20,8 @@ bool HasOneForm(const char* picture) {
 
 // The result is made aside, so that Output may be the buffer that Picture stands in.
 int32_t Convert(FMTCntlBlock* block, PictureConversion conversion) {
+    if (block == nullptr || block->Output == nullptr) return 0;
     const char* picture = block->Picture;
-    if (block->Output == nullptr) return 0;
     if (picture == nullptr || IsTooLong(picture)) {
         *block->Output = 0;
         return 0;

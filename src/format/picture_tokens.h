@@ -21,6 +21,10 @@ constexpr char kTokenPad = 0x0E;  // the "_" of a pair
 constexpr char kTokenRunStart = 0x0F;
 constexpr char kTokenRunEnd = 0x10;
 
+inline bool FMTIsDigitPlace(char character) {
+    return character == '#' || character == '0';
+}
+
 // ---- the currency strings ---------------------------------------------------------------------------------------
 
 struct FMTCurrencyStrings {

@@ -165,8 +165,8 @@ int32_t FMTIsNumberPicSectionValid(const FMTPictureRegion& region, const char* s
 }
 
 int32_t MORVL_CALL FMTIsNumberPicValid(FMTCntlBlock* block) {
+    if (block == nullptr || block->Picture == nullptr) return 0;
     const char* picture = block->Picture;
-    if (picture == nullptr) return 0;
     const FMTRegion region(block);
     char buffer[kPictureSize];
     const char* text = FMTPictureText(region, picture, buffer);

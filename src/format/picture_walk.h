@@ -7,10 +7,6 @@
 #include "../intl/character.h"
 #include "picture_tokens.h"
 
-inline bool FMTIsDigitPlace(char character) {
-    return character == '#' || character == '0';
-}
-
 inline bool FMTIsQuote(char character) {
     return character == '\'' || character == '"';
 }

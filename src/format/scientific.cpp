@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr FMTSeparators kSciSeparators = {',', '.'};
 constexpr size_t kMantissaSize = kNumberTextSize + kPictureSize;
 
 // ---- powers of ten ----------------------------------------------------------------------------------------------

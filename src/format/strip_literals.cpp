@@ -43,19 +43,15 @@ void TakeSuffix(char* text, std::string_view suffix) {
     if (std::memcmp(end, literal.bytes, literal.length) == 0) *end = 0;
 }
 
-bool IsPlace(char c) {
-    return c == '#' || c == '0';
-}
-
 // The length of the digit run that a section begins with.
 size_t RunLength(std::string_view section, FMTSeparators separators) {
     size_t at = 0;
     for (; at < section.size(); ++at) {
         const char c = section[at];
         const bool isDecimal = separators.decimal != 0 && c == separators.decimal;
-        const bool isGroup =
-            separators.thousand != 0 && c == separators.thousand && at + 1 < section.size() && IsPlace(section[at + 1]);
-        if (!IsPlace(c) && !isDecimal && !isGroup) break;
+        const bool isGroup = separators.thousand != 0 && c == separators.thousand && at + 1 < section.size() &&
+                             FMTIsDigitPlace(section[at + 1]);
+        if (!FMTIsDigitPlace(c) && !isDecimal && !isGroup) break;
     }
     return at;
 }
@@ -66,8 +62,7 @@ int32_t FMTStripPicLiterals(char* text, std::string_view section, bool* percent,
                             FMTSeparators separators) {
     const size_t start = FindFirstOf(section, "#0");
     if (start == std::string_view::npos) return 0;
-    if (skipSign && *text == '-') ++text;
-    TakePrefix(text, section.substr(0, start));
+    TakePrefix(skipSign && *text == '-' ? text + 1 : text, section.substr(0, start));
     section.remove_prefix(start);
     section.remove_prefix(RunLength(section, separators));
     if (section.starts_with('%') && IntlStrChr(text, '%') != nullptr) *percent = true;

@@ -12,16 +12,8 @@ namespace {
 
 constexpr int kRounds = 8000;
 
-const PrivateRegion kRegions[] = {
-    {},
-    {.thousand = '.', .decimal = ',', .currency = "DM", .position = 3, .negative = 8},
-    {.thousand = '\'', .decimal = '.', .currency = "Fr", .position = 1, .negative = 4},
-    {.thousand = ' ', .decimal = ',', .currency = "\x80", .position = 2, .negative = 5},
-    {.thousand = 0, .decimal = '.', .currency = "", .position = 0, .negative = 2},
-    {.thousand = ',', .decimal = 0},
-    {.thousand = '-', .decimal = 'e'},
-    {.thousand = '.', .decimal = '.'},
-    {.thousand = '\xA0', .decimal = '0'},
+const TestRegion kRegions[] = {
+    kUS, kGermany, {'\'', '.', "Fr"}, {' ', ',', "\x80"}, {0, '.', ""}, {',', 0}, {'-', 'e'}, {'.', '.'}, {'\xA0', '0'},
 };
 
 class Source {
@@ -55,8 +47,8 @@ class Source {
         return number;
     }
 
-    PrivateRegion Region() {
-        PrivateRegion region = Pick(kRegions);
+    TestRegion Region() {
+        TestRegion region = Pick(kRegions);
         region.digits = OneIn(10) ? Pick({-1, 60, 70, 150}) : Between(0, 5);
         region.leadingZero = Between(0, 1);
         region.position = Between(0, 4);
@@ -64,7 +56,7 @@ class Source {
         return region;
     }
 
-    std::string Picture(const PrivateRegion& region) {
+    std::string Picture(const TestRegion& region) {
         if (OneIn(8)) return OneIn(2) ? "" : "$";
         if (OneIn(4)) return ScientificPicture();
         if (OneIn(2)) return UsualPicture(region);
@@ -94,29 +86,24 @@ class Source {
     }
 
   private:
-    std::string Run(const PrivateRegion& region) {
-        std::string run(static_cast<size_t>(Between(0, 2)), '#');
+    std::string Row(char byte, int most) { return std::string(static_cast<size_t>(Between(0, most)), byte); }
+    std::string Run(const TestRegion& region) {
+        std::string run = Row('#', 2);
         if (region.thousand != 0 && OneIn(2)) run += std::string(1, region.thousand) + "##";
-        run += std::string(static_cast<size_t>(Between(0, 3)), '0');
-        if (region.decimal != 0 && OneIn(2)) {
-            run += region.decimal + std::string(static_cast<size_t>(Between(0, 3)), '0') +
-                   std::string(static_cast<size_t>(Between(0, 3)), '#');
-        }
+        run += Row('0', 3);
+        if (region.decimal != 0 && OneIn(2)) run += region.decimal + Row('0', 3) + Row('#', 3);
         return run;
     }
-    std::string Section(const PrivateRegion& region) {
+    std::string Section(const TestRegion& region) {
         static const char* const kPrefixes[] = {"", "", "$", "(", "-", "'x''y' ", "DM ", "_"};
         static const char* const kSuffixes[] = {"", "", "%", ")", "_)", " kg", "' E'", "%_x", "_"};
         return Pick(kPrefixes) + Run(region) + Pick(kSuffixes);
     }
     std::string ScientificPicture() {
-        const auto places = [this] {
-            return std::string(static_cast<size_t>(Between(0, 4)), '0') +
-                   std::string(static_cast<size_t>(Between(0, 3)), '#');
-        };
+        const auto places = [this] { return Row('0', 4) + Row('#', 3); };
         return "0." + places() + Pick({"E", "e", ""}) + Pick({"+", "-"}) + places() + (OneIn(8) ? ";x" : "");
     }
-    std::string UsualPicture(const PrivateRegion& region) {
+    std::string UsualPicture(const TestRegion& region) {
         std::string picture = Section(region);
         for (int more = Between(0, 3); more > 0; --more) picture += ";" + (OneIn(6) ? "" : Section(region));
         return picture;
@@ -125,53 +112,48 @@ class Source {
     std::mt19937 random_{20261123};
 };
 
-std::string OutcomeOf(int32_t result, const NumberBlock& block, const Number& value) {
-    std::string text = std::to_string(result) + ": " + block.Output() + ": ";
+std::string Show(int32_t result, const Number& value) {
+    std::string text = std::to_string(result) + ": ";
     // Bytes behind the length mean nothing.
     for (int i = 0; i <= (value.bytes[0] & 0x0F) && i < 13; ++i) text += std::to_string(value.bytes[i]) + " ";
     return text;
 }
 
+template <typename Operation>
+std::string OutcomeOf(Operation operation, NumberBlock& block) {
+    const int32_t result = operation(block.Get());
+    return Show(result, block->Value) + block.Output();
+}
+
 void CompareAll() {
     Source source;
     for (int round = 0; round < kRounds; ++round) {
-        const PrivateRegion region = source.Region();
+        const TestRegion region = source.Region();
         const std::string picture = source.Picture(region);
-        NumberBlock plainBlock(region);
-        NumberBlock fastBlock(region);
         const Number value = source.Value();
-        for (NumberBlock* block : {&plainBlock, &fastBlock}) {
-            (*block)->Picture = picture.c_str();
-            (*block)->Value = value;
-            (*block)->Type = source.OneIn(8) ? source.Between(3, 5) : 6;
-            if (source.OneIn(8)) (*block)->Flags |= 1u << 3;
-        }
-        plainBlock->Type = fastBlock->Type;
-        plainBlock->Flags = fastBlock->Flags;
-        const int32_t plainResult = plain::FormatNumber(plainBlock.Get());
-        const int32_t fastResult = FMTFormatNumber(fastBlock.Get());
-        ASSERT_EQ(OutcomeOf(fastResult, fastBlock, value), OutcomeOf(plainResult, plainBlock, value)) << picture;
+        NumberBlock plainBlock(region);
+        plainBlock->Picture = picture.c_str();
+        plainBlock->Value = value;
+        if (source.OneIn(8)) plainBlock->Type = source.Between(3, 5);
+        if (source.OneIn(8)) plainBlock->Flags |= FMT_EVERY_DIGIT;
+        NumberBlock fastBlock(region);
+        fastBlock.Take(plainBlock);
+        ASSERT_EQ(OutcomeOf(FMTFormatNumber, fastBlock), OutcomeOf(plain::FormatNumber, plainBlock)) << picture;
 
         const std::string text = source.Text(plainBlock.Output());
-        for (NumberBlock* block : {&plainBlock, &fastBlock}) {
-            (*block)->Input = text.c_str();
-            (*block)->Value = value;
-        }
-        const int32_t plainUnformat = plain::UnformatNumberStr(plainBlock.Get());
-        const int32_t fastUnformat = FMTUnformatNumberStr(fastBlock.Get());
-        ASSERT_EQ(OutcomeOf(fastUnformat, fastBlock, fastBlock->Value),
-                  OutcomeOf(plainUnformat, plainBlock, plainBlock->Value))
+        plainBlock->Input = text.c_str();
+        fastBlock.Take(plainBlock);
+        ASSERT_EQ(OutcomeOf(FMTUnformatNumberStr, fastBlock), OutcomeOf(plain::UnformatNumberStr, plainBlock))
             << text << " by " << picture;
 
-        const bool isAmount = source.OneIn(2);
         const FMTNumberForm form = {{region.thousand, region.decimal},
-                                    isAmount ? region.currency : nullptr,
+                                    source.OneIn(2) ? region.currency : nullptr,
                                     region.position == 1 || region.position == 3};
         Number plainValue = value;
         Number fastValue = value;
-        const int32_t plainParse = plain::ParseNumberText(text.c_str(), form, &plainValue);
-        const int32_t fastParse = FMTParseNumberText(text.c_str(), form, &fastValue);
-        ASSERT_EQ(OutcomeOf(fastParse, fastBlock, fastValue), OutcomeOf(plainParse, fastBlock, plainValue)) << text;
+        const int32_t plainResult = plain::ParseNumberText(text.c_str(), form, &plainValue);
+        const int32_t fastResult = FMTParseNumberText(text.c_str(), form, &fastValue);
+        ASSERT_EQ(Show(fastResult, fastValue), Show(plainResult, plainValue)) << text;
     }
 }
 
@@ -188,7 +170,7 @@ TEST(FMTNumberFastJapanese, EqualsPlain) {
 TEST(FMTNumberFast, TakesUsualPicturesAndTexts) {
     for (const char* picture :
          {"#,##0.00;(#,##0.00)", "#,##0.00_);($#,##0.00)", "0%", "0.0#", "# 'kg'", "#;-#;0", "0.00E+00", "$", ""}) {
-        NumberBlock block(PrivateRegion{});
+        NumberBlock block(kUS);
         block->Picture = picture;
         for (const char* value : {"1234.5", "-1234.5", "0", "99999999999999.99"}) {
             block->Value = NumberOf(value);

@@ -1,264 +1,206 @@
 // Numbers shown by the layouts of the settings and by pictures.
 #include <gtest/gtest.h>
 
+#include <span>
+#include <tuple>
+
 #include "number_block.h"
 #include "support/profile.h"
 
 namespace {
 
-constexpr int32_t kNumber = 4;
-constexpr int32_t kCurrency = 5;
-constexpr int32_t kPicture = 6;
-
 struct FormatCase {
-    int line;
     const char* value;
     const char* picture;
     const char* want;
 };
 
+void ExpectUnder(const TestRegion& region, std::span<const FormatCase> cases) {
+    for (const FormatCase& c : cases) EXPECT_EQ(NumberBlock(region).Format(c.value, c.picture), c.want) << c.picture;
+}
+
 // Every row holds under the profile's US settings and under the same settings given privately.
-void ExpectUnderUS(const FormatCase& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, c.picture);
-    EXPECT_EQ(NumberBlock().Format(c.value, kPicture, c.picture), c.want) << "by the profile";
-    EXPECT_EQ(NumberBlock(PrivateRegion{}).Format(c.value, kPicture, c.picture), c.want) << "privately";
+void ExpectUnderUS(std::span<const FormatCase> cases) {
+    ExpectUnder(kUS, cases);
+    for (const FormatCase& c : cases) EXPECT_EQ(NumberBlock().Format(c.value, c.picture), c.want) << c.picture;
 }
-
-void ExpectUnder(const PrivateRegion& region, const FormatCase& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, c.picture);
-    EXPECT_EQ(NumberBlock(region).Format(c.value, kPicture, c.picture), c.want);
-}
-
-constexpr PrivateRegion kContinental = {.thousand = '.', .decimal = ','};
-constexpr PrivateRegion kBlankGroups = {.thousand = ' ', .decimal = ','};
 
 constexpr FormatCase kPlaces[] = {
-    {__LINE__, "1234567.891", "#,##0.00", "1,234,567.89"},
-    {__LINE__, "-1234.5", "#,##0.00", "-1,234.50"},
-    {__LINE__, "0", "#,##0.00", "0.00"},
-    {__LINE__, "0.5", "#.##", ".5"},
-    {__LINE__, "0.5", "0.##", "0.5"},
-    {__LINE__, "123", "#.##", "123"},
-    {__LINE__, "0", "#.##", "0"},
-    {__LINE__, "0", "#", "0"},
-    {__LINE__, "-0.004", "0.00", "0.00"},
-    {__LINE__, "12.5", "0%", "1250%"},
-    {__LINE__, "0.125", "0.0%", "12.5%"},
-    {__LINE__, "0.00125", "0.0%", "0.1%"},
-    {__LINE__, "12", "0,000,000", "0,000,012"},
-    {__LINE__, "1234", "0,000", "1,234"},
-    {__LINE__, "1234567", "000,000", "1,234,567"},
-    {__LINE__, "123456", "#,###", "123,456"},
-    {__LINE__, "1234567", "#,#", "1,234,567"},
-    {__LINE__, "7", "0000", "0007"},
-    {__LINE__, "1.005", "0.0#", "1.01"},
-    {__LINE__, "1.001", "0.0#", "1.0"},
-    {__LINE__, "2.5", "0", "3"},
-    {__LINE__, "-2.5", "0", "-3"},
-    {__LINE__, "999.995", "#,##0.00", "1,000.00"},
-    {__LINE__, "12", "0.", "12"},
-    {__LINE__, "5", "#,", "5,"},               // behind the last place it is text
-    {__LINE__, "1234", "#,##0,%", "1,234,%"},  // ... and what follows it no percent sign
-    {__LINE__, "5", "#x0", "5"},               // what stands between two runs is not shown
-    {__LINE__, "1234567890123456789012", "#,##0.0", "1,234,567,890,123,456,789,012.0"},
-    {__LINE__, "1e36", "#,##0", "1,000,000,000,000,000,000,000,000,000,000,000,000"},
-    {__LINE__, "1e-60", "0.00000000000000000000000000000000000000000000000000000000000#",
+    {"0.5", "#.##", ".5"},       {"1234567.891", "#,##0.00", "1,234,567.89"},
+    {"0", "#,##0.00", "0.00"},   {"-1234.5", "#,##0.00", "-1,234.50"},
+    {"0.5", "0.##", "0.5"},      {"123", "#.##", "123"},
+    {"0", "#.##", "0"},          {"0", "#", "0"},
+    {"-0.004", "0.00", "0.00"},  {"12", "0,000,000", "0,000,012"},
+    {"0.00125", "0.0%", "0.1%"}, {"1234567", "000,000", "1,234,567"},
+    {"12.5", "0%", "1250%"},     {"123456", "#,###", "123,456"},
+    {"1234", "0,000", "1,234"},  {"1234567", "#,#", "1,234,567"},
+    {"0.125", "0.0%", "12.5%"},  {"7", "0000", "0007"},
+    {"1.005", "0.0#", "1.01"},   {"999.995", "#,##0.00", "1,000.00"},
+    {"2.5", "0", "3"},           {"1.001", "0.0#", "1.0"},
+    {"-2.5", "0", "-3"},         {"5", "#,", "5,"},               // behind the last place it is text
+    {"12", "0.", "12"},          {"1234", "#,##0,%", "1,234,%"},  // nor is there a percent sign behind such text
+    {"5", "#x0", "5"},                                            // what stands between two runs is not shown
+};
+constexpr FormatCase kManyPlaces[] = {
+    {"1234567890123456789012", "#,##0.0", "1,234,567,890,123,456,789,012.0"},
+    {"1e36", "#,##0", "1,000,000,000,000,000,000,000,000,000,000,000,000"},
+    {"1e-60", "0.00000000000000000000000000000000000000000000000000000000000#",
      "0.000000000000000000000000000000000000000000000000000000000001"},
 };
 
 TEST(FMTFormatNumberPicture, Places) {
-    for (const FormatCase& c : kPlaces) ExpectUnderUS(c);
+    ExpectUnderUS(kPlaces);
+    ExpectUnderUS(kManyPlaces);
 }
 
 constexpr FormatCase kSections[] = {
-    {__LINE__, "-1234.5", "#,##0.00;(#,##0.00)", "(1,234.50)"},
-    {__LINE__, "1234.5", "#,##0.00_);(#,##0.00)", "1,234.50 "},
-    {__LINE__, "0", "#;;", ""},  // an empty section shows nothing
-    {__LINE__, "-5", "#;", ""},
-    {__LINE__, "5", ";#", ""},
-    {__LINE__, "-5", ";#", "5"},
-    {__LINE__, "0", "#;-#;'zero'", "zero"},  // a section without places shows its text alone
-    {__LINE__, "0", "#;;'zero'", "zero"},
-    {__LINE__, "7", "'none'", "none"},
-    {__LINE__, "-7", "'none'", "-none"},
-    {__LINE__, "5", "0;-0;0;x", "5"},  // what follows the third plays no part
-    {__LINE__, "0", "0;-0;z0;x", "z0"},
-    // A value that the places round to nothing is no longer negative, and goes to the section for zero.
-    {__LINE__, "-0.004", "0.00;(0.00)", "0.00"},
-    {__LINE__, "-0.004", "0.00;(0.00);'nil'", "nil"},
-    {__LINE__, "0.004", "0.00;(0.00);'nil'", "nil"},
-    {__LINE__, "0.004", "0.00;(0.00);", ""},
-    {__LINE__, "-0.4", ";(0)", ""},
-    {__LINE__, "0.006", "0.00;(0.00);'nil'", "0.01"},
-    // Its text keeps the places that it was made for.
-    {__LINE__, "0.001", "#;#;0.00", "0000"},
-    {__LINE__, "0.001", "0.00;;0", "0.00"},
-    {__LINE__, "0.001", "0.00;;0.00", "0.00"},
+    {"5", ";#", ""},           {"-1234.5", "#,##0.00;(#,##0.00)", "(1,234.50)"},
+    {"-5", "#;", ""},          {"1234.5", "#,##0.00_);(#,##0.00)", "1,234.50 "},
+    {"-5", ";#", "5"},         {"0", "#;;", ""},  // an empty section shows nothing
+    {"-7", "'none'", "-none"}, {"0", "#;;'zero'", "zero"},
+    {"7", "'none'", "none"},   {"0", "#;-#;'zero'", "zero"},  // a section without places shows its text alone
+    {"0", "0;-0;z0;x", "z0"},  {"5", "0;-0;0;x", "5"},        // what follows the third plays no part
+};
+// A value that the places round to nothing is no longer negative, and goes to the section for zero. Its text keeps the
+// places that it was made for.
+constexpr FormatCase kRoundedToNothing[] = {
+    {"-0.004", "0.00;(0.00)", "0.00"}, {"-0.004", "0.00;(0.00);'nil'", "nil"}, {"0.004", "0.00;(0.00);'nil'", "nil"},
+    {"0.004", "0.00;(0.00);", ""},     {"0.006", "0.00;(0.00);'nil'", "0.01"}, {"-0.4", ";(0)", ""},
+    {"0.001", "#;#;0.00", "0000"},     {"0.001", "0.00;;0", "0.00"},           {"0.001", "0.00;;0.00", "0.00"},
 };
 
 TEST(FMTFormatNumberPicture, Sections) {
-    for (const FormatCase& c : kSections) ExpectUnderUS(c);
+    ExpectUnderUS(kSections);
+    ExpectUnderUS(kRoundedToNothing);
 }
 
 constexpr FormatCase kLiterals[] = {
-    {__LINE__, "12", "'abc' # 'kg'", "abc 12 kg"},
-    {__LINE__, "12", "\"it's\" #", "it's 12"},
-    {__LINE__, "12", "'it''s' #", "it's 12"},
-    {__LINE__, "12", "'it\\'s' #", "it's 12"},
-    {__LINE__, "12", "'a\\b' #", "a\\b 12"},
-    {__LINE__, "12", "# \"\"\"\"", "12 \""},
-    {__LINE__, "12", "# 'open", "12 open"},
-    {__LINE__, "12", "%_x#", "%_x12"},        // in front of the digits both are plain text
-    {__LINE__, "12", "#_x'_x'_", "12 _x "},   // behind them a pad is a blank, the last "_" too
-    {__LINE__, "5", "'No. 0' #", "No. 5 #"},  // a place is one even in quotes
-    {__LINE__, "5", "0 'a0'", "05 a0"},       // and a zero behind counts as one more
-    {__LINE__, "1.5", "0.0 'a0'", "1.5 a0"},
-    {__LINE__, "12", "'a;b'#", "a"},  // the cut knows nothing of quotes
+    {"12", "'it''s' #", "it's 12"},  {"12", "\"it's\" #", "it's 12"}, {"12", "'abc' # 'kg'", "abc 12 kg"},
+    {"12", "'it\\'s' #", "it's 12"}, {"12", "%_x#", "%_x12"},        // in front of the digits both are plain text
+    {"12", "# \"\"\"\"", "12 \""},   {"12", "#_x'_x'_", "12 _x "},   // behind them a pad is a blank, the last "_" too
+    {"12", "'a\\b' #", "a\\b 12"},   {"5", "'No. 0' #", "No. 5 #"},  // a place is one even in quotes
+    {"12", "# 'open", "12 open"},    {"5", "0 'a0'", "05 a0"},       // and a zero behind counts as one more
+    {"1.5", "0.0 'a0'", "1.5 a0"},   {"12", "'a;b'#", "a"},          // the cut knows nothing of quotes
 };
 
 TEST(FMTFormatNumberPicture, Literals) {
-    for (const FormatCase& c : kLiterals) ExpectUnderUS(c);
+    ExpectUnderUS(kLiterals);
 }
 
 constexpr FormatCase kScientific[] = {
-    {__LINE__, "123.45", "0.00E+00", "1.23E+02"},
-    {__LINE__, "0.00123", "0.00E+00", "1.23E-03"},
-    {__LINE__, "-0.00123", "0.00E+00", "-1.23E-03"},
-    {__LINE__, "0.00123", "0.##e-00", "1.23e-03"},
-    {__LINE__, "1234.5", "0.0e-0", "1.2e3"},
-    {__LINE__, "0", "0.00E+00", "0.00E+00"},
-    {__LINE__, "9.999", "0.00E+00", "1.00E+01"},
-    {__LINE__, "9.7", "0.00E+00", "0.97E+01"},  // the exponent comes from the rounded whole number
-    {__LINE__, "99.7", "0.00E+00", "1.00E+02"},
-    {__LINE__, "999.4", "0.0E+00", "1.0E+03"},  // rounding gave 10.0
-    {__LINE__, "0.00099996", "0.00E+00", "1.00E-03"},
-    {__LINE__, "1000", "0.###E+0", "1.E+3"},
-    {__LINE__, "-1000", "0.###E+0", "-1.E+3"},
-    {__LINE__, "123", "0.0E+#0", "123.0E+#0"},  // not scientific: no zero two behind the letter
-    {__LINE__, "123", "0.00E+00;(0.00E+00)", "1.23E+02"},
-    {__LINE__, "123", "0.0,0E+00", "1.2,E+02"},  // taken to be scientific, and invalid
-    // The whole range of values.
-    {__LINE__, "1e-102", "0.00E+00", "1.00E-102"},
-    {__LINE__, "1.2345678901234567890e-102", "0.0000E+00", "1.2346E-102"},
-    {__LINE__, "-9.876543210987654321e-77", "0.00E+00", "-9.88E-77"},
-    {__LINE__, "9.5e98", "0.00E+00", "9.50E+98"},
-    {__LINE__, "1.234567e60", "0.0000000E+00", "1.2345670E+60"},
-    {__LINE__, "12345678901234567890.12", "0.000000000000000000000E-0", "1.234567890123456789010E19"},
+    {"123.45", "0.00E+00", "1.23E+02"},  {"0.00123", "0.00E+00", "1.23E-03"},        {"1234.5", "0.0e-0", "1.2e3"},
+    {"0.00123", "0.##e-00", "1.23e-03"}, {"-0.00123", "0.00E+00", "-1.23E-03"},      {"0", "0.00E+00", "0.00E+00"},
+    {"9.999", "0.00E+00", "1.00E+01"},   {"123", "0.0,0E+00", "1.2,E+02"},  // taken to be scientific, and invalid
+    {"9.7", "0.00E+00", "0.97E+01"},  // the exponent comes from the rounded whole number
+    {"99.7", "0.00E+00", "1.00E+02"},    {"0.00099996", "0.00E+00", "1.00E-03"},     {"1000", "0.###E+0", "1.E+3"},
+    {"999.4", "0.0E+00", "1.0E+03"},  // rounding gave 10.0
+    {"123", "0.0E+#0", "123.0E+#0"},  // not scientific: no zero two behind the letter
+    {"-1000", "0.###E+0", "-1.E+3"},     {"123", "0.00E+00;(0.00E+00)", "1.23E+02"},
+};
+constexpr FormatCase kScientificRange[] = {
+    {"1e-102", "0.00E+00", "1.00E-102"},
+    {"1.2345678901234567890e-102", "0.0000E+00", "1.2346E-102"},
+    {"-9.876543210987654321e-77", "0.00E+00", "-9.88E-77"},
+    {"9.5e98", "0.00E+00", "9.50E+98"},
+    {"1.234567e60", "0.0000000E+00", "1.2345670E+60"},
+    {"12345678901234567890.12", "0.000000000000000000000E-0", "1.234567890123456789010E19"},
 };
 
 TEST(FMTFormatNumberPicture, Scientific) {
-    for (const FormatCase& c : kScientific) ExpectUnderUS(c);
+    ExpectUnderUS(kScientific);
+    ExpectUnderUS(kScientificRange);
 }
 
 TEST(FMTFormatNumberPicture, OtherSeparators) {
-    for (const FormatCase& c : std::initializer_list<FormatCase>{
-             {__LINE__, "123", "#,##", "123"},
-             {__LINE__, "123.4", "#,##", "123,4"},
-             {__LINE__, "1.5", "0.00E+00", "1,50E+00"},
-             {__LINE__, "-1234567.5", "#.##0,00", "-1.234.567,50"},
-             {__LINE__, "0.001", "0,00;;0", "0.00"},  // digits before the places of the new section
-         }) {
-        ExpectUnder(kContinental, c);
-    }
-    for (const FormatCase& c : std::initializer_list<FormatCase>{
-             {__LINE__, "5", "# ##0 F", "5 F"},
-             {__LINE__, "5", "# F", "5 F"},
-             {__LINE__, "1234567.5", "# ##0,00 F", "1 234 567,50 F"},
-             {__LINE__, "5", "0 ", "5 "},
-             {__LINE__, "5", "# ### ", "5 "},
-         }) {
-        ExpectUnder(kBlankGroups, c);
-    }
-    for (const FormatCase& c : std::initializer_list<FormatCase>{
-             {__LINE__, "1234.5", "#,##0.00", "1235.00"},  // without separators they are text
-             {__LINE__, "1.5", "0.0E+0", "1"},             // and a text ends where the decimal one would stand
-         }) {
-        ExpectUnder({.thousand = 0, .decimal = 0}, c);
-    }
+    constexpr FormatCase kContinental[] = {
+        {"123", "#,##", "123"},          {"123.4", "#,##", "123,4"},
+        {"1.5", "0.00E+00", "1,50E+00"}, {"-1234567.5", "#.##0,00", "-1.234.567,50"},
+        {"0.001", "0,00;;0", "0.00"},  // digits before the places of the new section
+    };
+    constexpr FormatCase kBlankGroups[] = {
+        {"5", "# ##0 F", "5 F"},
+        {"5", "# F", "5 F"},
+        {"5", "0 ", "5 "},
+        {"5", "# ### ", "5 "},
+        {"1234567.5", "# ##0,00 F", "1 234 567,50 F"},
+    };
+    constexpr FormatCase kNoSeparators[] = {
+        {"1234.5", "#,##0.00", "1235.00"},  // they are text
+        {"1.5", "0.0E+0", "1"},             // and a text ends where the decimal one would stand
+    };
+    ExpectUnder(kGermany, kContinental);
+    ExpectUnder({' ', ','}, kBlankGroups);
+    ExpectUnder({0, 0}, kNoSeparators);
 }
 
 TEST(FMTFormatNumberPicture, ATokenizedPictureFollowsTheRegion) {
     constexpr char kTokenized[] = "\x03\x0F#\x01##0\x02\x30\x30\x10;\x05\x0F#\x01##0\x02\x30\x30\x10\x06";
-    EXPECT_EQ(NumberBlock().Format("-1234.5", kPicture, kTokenized), "($1,234.50)");
-    const PrivateRegion german = {.thousand = '.', .decimal = ',', .currency = "DM", .position = 3, .negative = 8};
-    EXPECT_EQ(NumberBlock(german).Format("-1234.5", kPicture, kTokenized), "-1.234,50 DM");
-    EXPECT_EQ(NumberBlock(german).Format("1234.5", kPicture, kTokenized), "1.234,50 DM");
+    EXPECT_EQ(NumberBlock().Format("-1234.5", kTokenized), "($1,234.50)");
+    EXPECT_EQ(NumberBlock(kGermany).Format("-1234.5", kTokenized), "-1.234,50 DM");
+    EXPECT_EQ(NumberBlock(kGermany).Format("1234.5", kTokenized), "1.234,50 DM");
 }
 
-struct LayoutCase {
-    int line;
-    const char* value;
-    int32_t type;
-    PrivateRegion region;
-    const char* want;
-};
+// By the type, and by the picture that stands for it.
+void ExpectLayout(const char* value, int32_t type, const TestRegion& region, const char* want) {
+    EXPECT_EQ(NumberBlock(region).Format(value, type), want) << value;
+    EXPECT_EQ(NumberBlock(region).Format(value, type == kNumber ? "" : "$"), want) << value << " by the picture";
+}
 
-const LayoutCase kLayouts[] = {
-    {__LINE__, "5", kNumber, {}, "5.00"},
-    {__LINE__, "0.5", kNumber, {}, ".50"},
-    {__LINE__, "-0.5", kNumber, {}, "-.50"},
-    {__LINE__, "0.5", kNumber, {.leadingZero = 1}, "0.50"},
-    {__LINE__, "-0.5", kNumber, {.leadingZero = 1}, "-0.50"},
-    {__LINE__, "0.999", kNumber, {.leadingZero = 1}, "1.00"},
-    {__LINE__, "0", kNumber, {.leadingZero = 1}, "0.00"},
-    {__LINE__, "-0.004", kNumber, {}, "0.00"},
-    {__LINE__, "1234.5", kNumber, {.thousand = '.', .decimal = ',', .digits = 3}, "1.234,500"},
-    {__LINE__, "-123456", kNumber, {.digits = 0}, "-123,456"},
-    {__LINE__, "-1234567", kNumber, {.digits = 0}, "-1,234,567"},
-    {__LINE__, "1234567", kNumber, {.thousand = 0, .digits = 0}, "1234567"},
-    {__LINE__, "1254567", kNumber, {.digits = -4}, "1,250,000"},
-    {__LINE__, "49", kNumber, {.digits = -2}, "0"},
-    {__LINE__, "1.5", kNumber, {.digits = 30}, "1.500000000000000000000000000000"},
-    {__LINE__, "1234567.5", kNumber, {.decimal = 0}, "1,234567"},  // no fraction is left to step over
-    {__LINE__, "1234.5", kCurrency, {}, "$1,234.50"},
-    {__LINE__, "1234.5", kCurrency, {.position = 1}, "1,234.50$"},
-    {__LINE__, "1234.5", kCurrency, {.position = 2}, "$ 1,234.50"},
-    {__LINE__, "1234.5", kCurrency, {.position = 3}, "1,234.50 $"},
-    {__LINE__, "1234.5", kCurrency, {.position = 7}, "$1,234.50"},
-    {__LINE__, "1234.5", kCurrency, {.currency = nullptr, .position = 2}, " 1,234.50"},
-    {__LINE__, "1", kCurrency, {.digits = 0, .currency = "a long symbol"}, "a long symbol1"},
-    {__LINE__, "-1234.5", kCurrency, {.currency = "DM", .position = 3, .negative = 8}, "-1,234.50 DM"},
-    {__LINE__, "-5", kCurrency, {.negative = 11}, ""},
-    {__LINE__, "-5", kCurrency, {.negative = -1}, ""},
-    {__LINE__, "5", kCurrency, {.negative = 11}, "$5.00"},
-};
-
-TEST(FMTFormatNumberLayout, PrivateRegions) {
-    for (const LayoutCase& c : kLayouts) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.value);
-        EXPECT_EQ(NumberBlock(c.region).Format(c.value, c.type), c.want);
-        const char* picture = c.type == kNumber ? "" : "$";
-        EXPECT_EQ(NumberBlock(c.region).Format(c.value, kPicture, picture), c.want) << "by the picture for it";
+TEST(FMTFormatNumberLayout, Numbers) {
+    // Value, digits, leading zero, text.
+    constexpr std::tuple<const char*, int32_t, int32_t, const char*> kCases[] = {
+        {"5", 2, 0, "5.00"},      {"-0.5", 2, 0, "-.50"},          {"0.5", 2, 0, ".50"},
+        {"0.5", 2, 1, "0.50"},    {"-0.5", 2, 1, "-0.50"},         {"0.999", 2, 1, "1.00"},
+        {"0", 2, 1, "0.00"},      {"-123456", 0, 0, "-123,456"},   {"-1234567", 0, 0, "-1,234,567"},
+        {"-0.004", 2, 0, "0.00"}, {"1254567", -4, 0, "1,250,000"}, {"1.5", 30, 0, "1.500000000000000000000000000000"},
+        {"49", -2, 0, "0"},
+    };
+    for (const auto& [value, digits, leadingZero, want] : kCases) {
+        ExpectLayout(value, kNumber, {.digits = digits, .leadingZero = leadingZero}, want);
     }
+    ExpectLayout("1234.5", kNumber, {.thousand = '.', .decimal = ',', .digits = 3}, "1.234,500");
+    ExpectLayout("1234567", kNumber, {.thousand = 0, .digits = 0}, "1234567");
+    ExpectLayout("1234567.5", kNumber, {.decimal = 0}, "1,234567");  // no fraction is left to step over
+}
+
+TEST(FMTFormatNumberLayout, Amounts) {
+    const char* const kPositions[] = {"$1,234.50", "1,234.50$", "$ 1,234.50", "1,234.50 $", "$1,234.50"};
+    for (int32_t position = 0; position <= 4; ++position) {
+        ExpectLayout("1234.5", kCurrency, {.position = position}, kPositions[position]);
+    }
+    ExpectLayout("5", kCurrency, {.negative = 11}, "$5.00");
+    ExpectLayout("-5", kCurrency, {.negative = 11}, "");
+    ExpectLayout("-5", kCurrency, {.negative = -1}, "");
+    ExpectLayout("1234.5", kCurrency, {.currency = nullptr, .position = 2}, " 1,234.50");
+    ExpectLayout("1", kCurrency, {.currency = "a long symbol", .digits = 0}, "a long symbol1");
+    ExpectLayout("-1234.5", kCurrency, {.currency = "DM", .position = 3, .negative = 8}, "-1,234.50 DM");
 }
 
 TEST(FMTFormatNumberLayout, NegativeAmounts) {
     const char* const kTexts[] = {"(S5)", "-S5", "S-5", "S5-", "(5S)", "-5S", "5-S", "5S-", "-5 S", "-S 5", "5 S-"};
     for (int32_t layout = 0; layout <= 10; ++layout) {
-        const PrivateRegion region = {.digits = 0, .currency = "S", .position = 3, .negative = layout};
+        const TestRegion region = {.currency = "S", .position = 3, .negative = layout, .digits = 0};
         EXPECT_EQ(NumberBlock(region).Format("-5", kCurrency), kTexts[layout]);
     }
 }
 
 TEST(FMTFormatNumberLayout, Profile) {
     EXPECT_EQ(NumberBlock().Format("-1234.5", kCurrency), "($1,234.50)");
-    const TestProfile profile({{"intl", "iDigits", "1"},
-                               {"intl", "iCurrDigits", "3"},
-                               {"intl", "iCurrency", "3"},
-                               {"intl", "iNegCurr", "8"},
-                               {"intl", "sCurrency", "kr"},
-                               {"intl", "sThousand", "."},
-                               {"intl", "sDecimal", ","},
-                               {"intl", "iLzero", "1"}});
+    const std::vector<TestProfile::Entry> entries = {
+        {"intl", "iDigits", "1"},  {"intl", "iCurrDigits", "3"}, {"intl", "iCurrency", "3"},
+        {"intl", "iNegCurr", "8"}, {"intl", "sCurrency", "kr"},  {"intl", "sThousand", "."},
+        {"intl", "sDecimal", ","}, {"intl", "iLzero", "1"},
+    };
+    const TestProfile profile(entries);
     EXPECT_EQ(NumberBlock().Format("1234.56", kNumber), "1.234,6");
     EXPECT_EQ(NumberBlock().Format("-.25", kNumber), "-0,3");
     EXPECT_EQ(NumberBlock().Format("1234.56", kCurrency), "1.234,560 kr");
     EXPECT_EQ(NumberBlock().Format("-1234.56", kCurrency), "-1.234,560 kr");
-    EXPECT_EQ(NumberBlock().Format("-1234.56", kPicture, "#.##0,0;(#.##0,0)"), "(1.234,6)");
+    EXPECT_EQ(NumberBlock().Format("-1234.56", "#.##0,0;(#.##0,0)"), "(1.234,6)");
 }
 
 TEST(FMTFormatNumberLayout, EveryDigit) {
-    const auto format = [](const char* value, const PrivateRegion& region) {
+    const auto format = [](const char* value, const TestRegion& region) {
         NumberBlock block(region);
         block->Flags |= 1u << 3;
         return block.Format(value, kNumber);
@@ -284,11 +226,9 @@ TEST(FMTFormatNumber, NullValueShowsNothing) {
 }
 
 TEST(FMTFormatNumber, Failures) {
-    const std::string longest(63, '#');
-    const std::string tooLong(64, '#');
     const std::string growing = "\x0F#\x10" + std::string(30, 0x03) + std::string(29, 0x04);
-    EXPECT_EQ(NumberBlock().Format("5", kPicture, longest.c_str()), "5");
-    EXPECT_EQ(NumberBlock().Format("5", kPicture, tooLong.c_str()), "failed: ");
+    EXPECT_EQ(NumberBlock().Format("5", kPicture, std::string(63, '#').c_str()), "5");
+    EXPECT_EQ(NumberBlock().Format("5", kPicture, std::string(64, '#').c_str()), "failed: ");
     EXPECT_EQ(NumberBlock({.currency = "EUR"}).Format("5", kPicture, growing.c_str()), "failed: ");
     EXPECT_EQ(NumberBlock().Format("5", kPicture, nullptr), "failed: untouched");
     EXPECT_EQ(NumberBlock().Format("5", 3), "failed: untouched");
@@ -311,42 +251,21 @@ TEST(FMTFormatNumber, Failures) {
     EXPECT_EQ(FMTFormatNumber(nullptr), 0);
 }
 
-struct LengthCase {
-    int line;
-    const char* picture;
-    int32_t maxDigits;
-    int32_t minLength;
-    int32_t want;
-};
-
-constexpr LengthCase kLengths[] = {
-    {__LINE__, "#,##0.00", 10, 0, 17},
-    {__LINE__, "0.00E+00", 10, 0, 9},
-    {__LINE__, "0.0##E+00", 10, 0, 10},
-    {__LINE__, "0.0##E+00", 2, 0, 9},
-    {__LINE__, "$", 10, 0, 19},
-    {__LINE__, "#,##0.00;(#,##0.00)", 10, 0, 18},
-    {__LINE__, "", 5, 0, 6},
-    {__LINE__, "#;#;#", 5, 0, 5},
-    {__LINE__, "#;#;#;'long literal'#", 5, 0, 5},
-    {__LINE__, "0.00%", 5, 0, 12},
-    {__LINE__, "#_)", 5, 0, 7},
-    {__LINE__, "#_", 5, 0, 7},
-    {__LINE__, "0000000", 5, 0, 8},
-    {__LINE__, "0.00", 5, 100, 100},
-    {__LINE__, "0.00E+00;$", 10, 0, 18},  // each section for itself
-    {__LINE__, "0", INT32_MAX, 0, INT32_MAX},
-    {__LINE__, "#,#", INT32_MAX, 0, INT32_MAX},
-    {__LINE__, "0", INT32_MIN, INT32_MIN, 2},
-    {__LINE__, nullptr, 5, 3, 3},
-    {__LINE__, "################################################################", 5, 3, 3},
+// Picture, most digits, least length, length.
+constexpr std::tuple<const char*, int32_t, int32_t, int32_t> kLengths[] = {
+    {"#,##0.00", 10, 0, 17}, {"#,#", INT32_MAX, 0, INT32_MAX},   {"0.0##E+00", 10, 0, 10},  {"0.0##E+00", 2, 0, 9},
+    {"$", 10, 0, 19},        {"#,##0.00;(#,##0.00)", 10, 0, 18}, {"0.00%", 5, 0, 12},       {"0.00E+00", 10, 0, 9},
+    {"#;#;#", 5, 0, 5},      {"#;#;#;'long literal'#", 5, 0, 5}, {"#_)", 5, 0, 7},          {"#_", 5, 0, 7},
+    {"0000000", 5, 0, 8},    {"0", INT32_MAX, 0, INT32_MAX},     {"0.00", 5, 100, 100},     {"", 5, 0, 6},
+    {nullptr, 5, 3, 3},      {"0", INT32_MIN, INT32_MIN, 2},     {"0.00E+00;$", 10, 0, 18},  // each section for itself
 };
 
 TEST(FMTGetMaxFormattedNumLen, Lengths) {
-    for (const LengthCase& c : kLengths) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.picture != nullptr ? c.picture : "null");
-        EXPECT_EQ(FMTGetMaxFormattedNumLen(c.picture, c.maxDigits, c.minLength), c.want);
+    for (const auto& [picture, maxDigits, minLength, want] : kLengths) {
+        EXPECT_EQ(FMTGetMaxFormattedNumLen(picture, maxDigits, minLength), want)
+            << (picture != nullptr ? picture : "null");
     }
+    EXPECT_EQ(FMTGetMaxFormattedNumLen(std::string(64, '#').c_str(), 5, 3), 3);
 }
 
 }  // namespace

@@ -6,51 +6,29 @@
 
 namespace {
 
-constexpr int32_t kCurrency = 5;
-
 TEST(FMTNumberJapanese, PicturesAreWalkedByCharacters) {
     const TestLanguage language(kJapanese);
-    struct Case {
-        int line;
-        const char* picture;
-        const char* want;
+    constexpr const char* kCases[][2] = {
+        {"\x89\x7E#,##0", "\x89\x7E\x31,234"},
+        {"#'\x95\x5C'", "1234\x95\x5C"},              // no backslash before the quote
+        {"#\x83\x5F x", "1234\x83\x5F x"},            // no pad
+        {"#_\x83\x5Fx", "1234 x"},                    // the character behind a pad goes whole
+        {"#\x81", "1234\x81"},                        // a lead byte at the end is a character
+        {"'\xB1\xDD'#", "\xB1\xDD\x31\x32\x33\x34"},  // half-width katakana
     };
-    for (const Case& c : {
-             Case{__LINE__, "\x89\x7E#,##0",
-                  "\x89\x7E"
-                  "1,234"},
-             Case{__LINE__, "#'\x95\x5C'", "1234\x95\x5C"},    // no backslash before the quote
-             Case{__LINE__, "#\x83\x5F x", "1234\x83\x5F x"},  // no pad
-             Case{__LINE__,
-                  "#_\x83\x5F"
-                  "x",
-                  "1234 x"},                       // the character behind a pad goes whole
-             Case{__LINE__, "#\x81", "1234\x81"},  // a lead byte at the end is a character
-             Case{__LINE__, "'\xB1\xDD'#",
-                  "\xB1\xDD"
-                  "1234"},  // half-width katakana
-         }) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.want);
-        NumberBlock block(PrivateRegion{});
-        EXPECT_EQ(block.Format("1234", 6, c.picture), c.want);
-    }
+    for (const auto& [picture, want] : kCases) EXPECT_EQ(NumberBlock(kUS).Format("1234", picture), want);
 }
 
 TEST(FMTNumberJapanese, TextsComeBack) {
     const TestLanguage language(kJapanese);
-    const PrivateRegion yen = {.currency = "\x89\x7E", .position = 1};
+    const TestRegion yen = {.currency = "\x89\x7E", .position = 1};
     EXPECT_EQ(NumberBlock(yen).Unformat("-1,234\x89\x7E", "#,##0\x89\x7E"), "-1234");
-    EXPECT_EQ(NumberBlock(yen).Unformat("\x95\x5C"
-                                        "12",
-                                        "'\x95\x5C'#"),
-              "12");
+    EXPECT_EQ(NumberBlock(yen).Unformat("\x95\x5C\x31\x32", "'\x95\x5C'#"), "12");
     EXPECT_EQ(NumberBlock(yen).Unformat("12\x81\x40", "#_x"), "12");
     EXPECT_EQ(NumberBlock(yen).Validate("(1,234\x89\x7E)", kCurrency), "-1234");
-    EXPECT_EQ(NumberBlock(yen).Validate("\x81\x40"
-                                        "12\x81\x40",
-                                        4),
-              "12");  // the double-byte blank is white space
-    EXPECT_EQ(NumberBlock(yen).Validate("12\x81-", 4), "failed");
+    // The double-byte blank is white space.
+    EXPECT_EQ(NumberBlock(yen).Validate("\x81\x40\x31\x32\x81\x40", kNumber), "12");
+    EXPECT_EQ(NumberBlock(yen).Validate("12\x81-", kNumber), "failed");
 }
 
 TEST(FMTNumberJapanese, LengthsCountCharactersInFrontAndBytesBehind) {

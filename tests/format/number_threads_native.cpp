@@ -11,7 +11,7 @@
 namespace {
 
 struct ThreadRegion {
-    PrivateRegion region;
+    TestRegion region;
     const char* picture;
     const char* text;    // of -1234567.891 by the picture
     const char* amount;  // by the currency layout
@@ -20,16 +20,8 @@ struct ThreadRegion {
 
 const ThreadRegion kRegions[] = {
     {{}, "#,##0.00;(#,##0.00)", "(1,234,567.89)", "($1,234,567.89)", "-1234567.89"},
-    {{.thousand = '.', .decimal = ',', .currency = "DM", .position = 3, .negative = 8},
-     "#.##0,0",
-     "-1.234.567,9",
-     "-1.234.567,89 DM",
-     "-1234567.9"},
-    {{.thousand = ' ', .decimal = ',', .digits = 3, .currency = "F", .negative = 5},
-     "0.000E+00",
-     "-1,235E+06",
-     "-1 234 567,891F",
-     "-1235000"},
+    {kGermany, "#.##0,0", "-1.234.567,9", "-1.234.567,89 DM", "-1234567.9"},
+    {{' ', ',', "F", 0, 5, 3}, "0.000E+00", "-1,235E+06", "-1 234 567,891F", "-1235000"},
 };
 
 // Without a private region of its own the thread works under the profile.
@@ -39,12 +31,12 @@ void FormatAndParse(const ThreadRegion& expected, bool useProfile) {
     // The mantissa of a scientific text follows the profile, which has other separators than the third region.
     const bool parsesText = &expected != &kRegions[2];
     for (int i = 0; i < 500; ++i) {
-        EXPECT_EQ(block.Format("-1234567.891", 6, expected.picture), expected.text);
+        EXPECT_EQ(block.Format("-1234567.891", expected.picture), expected.text);
         if (parsesText) {
             EXPECT_EQ(block.Unformat(expected.text, expected.picture), expected.value);
         }
-        EXPECT_EQ(block.Format("-1234567.891", 5), expected.amount);
-        EXPECT_EQ(block.Validate("1234567", 4), "1234567");
+        EXPECT_EQ(block.Format("-1234567.891", kCurrency), expected.amount);
+        EXPECT_EQ(block.Validate("1234567", kNumber), "1234567");
         EXPECT_EQ(FMTGetMaxFormattedNumLen("#,##0.00", 10, 0), 17);
     }
 }
@@ -63,43 +55,36 @@ TEST(FMTNumberThreads, EachThreadHasItsOwnRegion) {
 
 // What an operation gives when its n-th allocation fails, for every n until it needs no more.
 template <typename Operation>
-std::vector<std::string> WithFailingAllocations(Operation operation) {
-    std::vector<std::string> results;
+std::string WithFailingAllocations(Operation operation) {
+    std::string results;
     for (uint32_t n = 1; n < 10; ++n) {
         HostFailAllocation(n);
         const std::string result = operation();
         const bool failed = HostAllocationFailed() != FALSE;
         HostFailAllocation(0);
         if (!failed) break;
-        results.push_back(result);
+        results += result + ";";
     }
     return results;
 }
 
 TEST(FMTNumberWithoutMemory, OrdinaryTextsNeedNone) {
-    const std::vector<std::string> none;
-    EXPECT_EQ(WithFailingAllocations([] { return NumberBlock().Format("-1234.5", 5); }), none);
-    EXPECT_EQ(WithFailingAllocations([] { return NumberBlock().Format("-1234.5", 6, "0.0"); }), none);
-    EXPECT_EQ(WithFailingAllocations([] { return NumberBlock().Validate("$1,234.50", 5); }), none);
-    EXPECT_EQ(WithFailingAllocations([] { return NumberBlock().Unformat("(1,234.50)", "#;(#,##0.00)"); }), none);
+    EXPECT_EQ(WithFailingAllocations([] { return NumberBlock().Format("-1234.5", kCurrency); }), "");
+    EXPECT_EQ(WithFailingAllocations([] { return NumberBlock().Format("-1234.5", "0.0"); }), "");
+    EXPECT_EQ(WithFailingAllocations([] { return NumberBlock().Validate("$1,234.50", kCurrency); }), "");
+    EXPECT_EQ(WithFailingAllocations([] { return NumberBlock().Unformat("(1,234.50)", "#;(#,##0.00)"); }), "");
 }
 
 TEST(FMTNumberWithoutMemory, LongTextsFail) {
     const std::string text = std::string(400, '0') + "5";
-    const std::vector<std::string> layout =
-        WithFailingAllocations([] { return NumberBlock({.digits = 400}).Format("1.5", 4); });
-    EXPECT_EQ(layout, std::vector<std::string>{"failed: "});
-    const std::vector<std::string> validate = WithFailingAllocations([&] {
+    EXPECT_EQ(WithFailingAllocations([] { return NumberBlock({.digits = 400}).Format("1.5", kNumber); }), "failed: ;");
+    const auto validate = [&] {
         NumberBlock block;
         block->Value = NumberOf("42");
-        return block.Validate(text.c_str(), 4) + ", " + TextOf(block->Value);
-    });
-    EXPECT_EQ(validate, std::vector<std::string>{"failed, 42"});
-    const std::vector<std::string> unformat = WithFailingAllocations([&] {
-        NumberBlock block;
-        return block.Unformat(text.c_str(), "0");
-    });
-    EXPECT_EQ(unformat, std::vector<std::string>{"failed: "});
+        return block.Validate(text.c_str(), kNumber) + ", " + TextOf(block->Value);
+    };
+    EXPECT_EQ(WithFailingAllocations(validate), "failed, 42;");
+    EXPECT_EQ(WithFailingAllocations([&] { return NumberBlock().Unformat(text.c_str(), "0"); }), "failed: ;");
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Text that a picture made, read back.
 #include <gtest/gtest.h>
 
+#include <span>
+
 #include "number_block.h"
 #include "support/profile.h"
 
@@ -9,110 +11,85 @@ namespace {
 constexpr const char* kFailed = "failed: ";
 
 struct UnformatCase {
-    int line;
     const char* text;
     const char* picture;
     const char* want;
 };
 
-void ExpectUnder(const PrivateRegion& region, const UnformatCase& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, c.picture);
-    NumberBlock block(region);
-    block->Value = NumberOf("42");
-    EXPECT_EQ(block.Unformat(c.text, c.picture), c.want) << c.text;
-    EXPECT_EQ(TextOf(block->Value), std::string(c.want) == kFailed ? "42" : c.want) << c.text;
+void ExpectUnder(const TestRegion& region, std::span<const UnformatCase> cases) {
+    for (const UnformatCase& c : cases) {
+        const testing::ScopedTrace row(__FILE__, __LINE__, std::string(c.text) + " by " + c.picture);
+        NumberBlock block(region);
+        block->Value = NumberOf("42");
+        EXPECT_EQ(block.Unformat(c.text, c.picture), c.want);
+        EXPECT_EQ(TextOf(block->Value), std::string(c.want) == kFailed ? "42" : c.want);
+    }
 }
 
-constexpr UnformatCase kUS[] = {
-    {__LINE__, "1,234.50", "#,##0.00", "1234.5"},
-    {__LINE__, "-1,234.50", "#,##0.00", "-1234.5"},
-    {__LINE__, "1234.5", "#,##0.00", "1234.5"},
-    {__LINE__, "$1,234.50", "$#,##0.00", "1234.5"},
-    {__LINE__, "-$1,234.50", "$#,##0.00", "-1234.5"},
-    {__LINE__, "1,234.50", "$#,##0.00", "1234.5"},  // the prefix may be missing
-    {__LINE__, "12 kg", "# 'kg'", "12"},
-    {__LINE__, "12kg", "# 'kg'", kFailed},
-    {__LINE__, "abc12", "'abc'#", "12"},
-    {__LINE__, "it's 12", "'it''s' #", "12"},
-    {__LINE__, "12 it's", "# 'it\\'s'", "12"},
-    {__LINE__, "_x12", "_x#", "12"},
-    {__LINE__, "12%", "0%", ".12"},
-    {__LINE__, "12", "0%", "12"},
-    {__LINE__, "12 %", "0 %", "12"},  // no percent sign directly behind the places
-    {__LINE__, "12 ", "#_)", "12"},
-    {__LINE__, "12 kg ", "# 'kg'_)", "12"},
-    {__LINE__, "12  ", "#_", "12"},
-    {__LINE__, "x", "# 'kg'", kFailed},
-    {__LINE__, "12", "'none'", kFailed},  // no digit places, no strip
-    // Sections in order; the one that accepts the text tells the sign.
-    {__LINE__, "(1,234.50)", "#,##0.00;(#,##0.00)", "-1234.5"},
-    {__LINE__, "1,234.50", "#,##0.00;(#,##0.00)", "1234.5"},
-    {__LINE__, "-12", "#;(#)", "-12"},
-    {__LINE__, "5", ";#", "-5"},
-    {__LINE__, "-5", ";#", "5"},
-    {__LINE__, "(12%)", "0%;(0%)", "-.12"},
-    {__LINE__, "12%", "0;0%", "-.12"},
-    {__LINE__, "(12)", "0%;(0)", "-12"},
-    {__LINE__, "nil0", "#;(#);'nil'0", "0"},
-    {__LINE__, "nil7", "#;(#);'nil'0", "0"},
-    {__LINE__, "nil0", "#;(#);'nil'0;x", "0"},
-    {__LINE__, "zero", "#;;'zero'", kFailed},
-    {__LINE__, "5", "'x';#", kFailed},
-    {__LINE__, "x", ";;", kFailed},
-    // By the currency layout.
-    {__LINE__, "($12)", "$", "-12"},
-    {__LINE__, "12$", "$", kFailed},
-    // Scientific.
-    {__LINE__, "1.5E+03", "0.00E+00", "1500"},
-    {__LINE__, "-1.5E-03", "0.00E+00", "-.0015"},
-    {__LINE__, " 1.5e3 ", "0.00E+00", "1500"},
-    {__LINE__, "1,500.5E1", "0.00E+00", "15005"},
-    {__LINE__, "12", "0.00E+00", "12"},
-    {__LINE__, "1.5E", "0.00E+00", "1.5"},
-    {__LINE__, "1.5E--3", "0.00E+00", "1500"},
-    {__LINE__, "1E5-", "0.00E+00", ".00001"},
-    {__LINE__, "--5E1", "0.00E+00", "50"},
-    {__LINE__, "1E2.9", "0.00E+00", "100"},
-    {__LINE__, "1e2E1", "0.00E+00", "100000000000000000000"},  // cut at the "e"
-    {__LINE__, "1e2e1", "0.00E+00", kFailed},
-    {__LINE__, "1.5x", "0.00E+00", kFailed},
-    {__LINE__, "E+00", "0.00E+00", kFailed},
-    {__LINE__, "0E+90", "0.00E+00", "0"},
-    {__LINE__, "9.99E+100", "0.00E+00", kFailed},
-    {__LINE__, "1E+999", "0.00E+00", kFailed},
-    {__LINE__, "1E+4294967297", "0.00E+00", kFailed},
+void ExpectUnderUS(std::span<const UnformatCase> cases) {
+    ExpectUnder(kUS, cases);
+    for (const UnformatCase& c : cases) EXPECT_EQ(NumberBlock().Unformat(c.text, c.picture), c.want) << c.text;
+}
+
+constexpr UnformatCase kOneSection[] = {
+    {"12 kg", "# 'kg'", "12"},      {"1,234.50", "#,##0.00", "1234.5"},
+    {"12kg", "# 'kg'", kFailed},    {"-1,234.50", "#,##0.00", "-1234.5"},
+    {"abc12", "'abc'#", "12"},      {"1234.5", "#,##0.00", "1234.5"},
+    {"it's 12", "'it''s' #", "12"}, {"$1,234.50", "$#,##0.00", "1234.5"},
+    {"_x12", "_x#", "12"},          {"-$1,234.50", "$#,##0.00", "-1234.5"},
+    {"12%", "0%", ".12"},           {"1,234.50", "$#,##0.00", "1234.5"},  // the prefix may be missing
+    {"12 ", "#_)", "12"},           {"12 it's", "# 'it\\'s'", "12"},
+    {"12 kg ", "# 'kg'_)", "12"},   {"12", "0%", "12"},
+    {"12  ", "#_", "12"},           {"12 %", "0 %", "12"},      // no percent sign directly behind the places
+    {"x", "# 'kg'", kFailed},       {"-", "#'-'", kFailed},     // its one minus is the suffix
+    {"-5-", "#'-'", "-5"},          {"12", "'none'", kFailed},  // no digit places, no strip
+};
+// The sections in order; the one that accepts the text tells the sign.
+constexpr UnformatCase kSections[] = {
+    {"-5", ";#", "5"},         {"-12", "#;(#)", "-12"},         {"1,234.50", "#,##0.00;(#,##0.00)", "1234.5"},
+    {"5", ";#", "-5"},         {"(12%)", "0%;(0%)", "-.12"},    {"(1,234.50)", "#,##0.00;(#,##0.00)", "-1234.5"},
+    {"12%", "0;0%", "-.12"},   {"nil7", "#;(#);'nil'0", "0"},   {"nil0", "#;(#);'nil'0", "0"},
+    {"(12)", "0%;(0)", "-12"}, {"nil0", "#;(#);'nil'0;x", "0"}, {"zero", "#;;'zero'", kFailed},
+    {"x", ";;", kFailed},      {"5", "'x';#", kFailed},         {"($12)", "$", "-12"},  // by the currency layout
+    {"12$", "$", kFailed},
+};
+constexpr UnformatCase kScientific[] = {
+    {"1.5E+03", "0.00E+00", "1500"}, {"-1.5E-03", "0.00E+00", "-.0015"},
+    {" 1.5e3 ", "0.00E+00", "1500"}, {"1,500.5E1", "0.00E+00", "15005"},
+    {"12", "0.00E+00", "12"},        {"1.5E", "0.00E+00", "1.5"},
+    {"1.5E--3", "0.00E+00", "1500"}, {"1E5-", "0.00E+00", ".00001"},
+    {"--5E1", "0.00E+00", "50"},     {"1E2.9", "0.00E+00", "100"},
+    {"1e2e1", "0.00E+00", kFailed},  {"1e2E1", "0.00E+00", "100000000000000000000"},  // cut at the "e"
+    {"1.5x", "0.00E+00", kFailed},   {"E+00", "0.00E+00", kFailed},
+    {"0E+90", "0.00E+00", "0"},      {"9.99E+100", "0.00E+00", kFailed},
+    {"1E+999", "0.00E+00", kFailed}, {"1E+4294967297", "0.00E+00", kFailed},
 };
 
 TEST(FMTUnformatNumberStr, USRegion) {
-    for (const UnformatCase& c : kUS) {
-        ExpectUnder({}, c);
-        const testing::ScopedTrace row(__FILE__, c.line, c.picture);
-        EXPECT_EQ(NumberBlock().Unformat(c.text, c.picture), c.want) << "by the profile";
-    }
+    ExpectUnderUS(kOneSection);
+    ExpectUnderUS(kSections);
+    ExpectUnderUS(kScientific);
 }
 
 TEST(FMTUnformatNumberStr, OtherRegions) {
-    const PrivateRegion german = {.thousand = '.', .decimal = ',', .currency = "DM", .position = 3, .negative = 8};
-    for (const UnformatCase& c : std::initializer_list<UnformatCase>{
-             {__LINE__, "-1.234,50", "#.##0,00", "-1234.5"},
-             {__LINE__, "-1.234,50 DM", "$", "-1234.5"},
-             {__LINE__, "1.234,50 DM", "#.##0,00' DM'", "1234.5"},
-             {__LINE__, "-1.234,50 DM", "\x0F#\x01##0\x02\x30\x30\x10\x04;\x05\x0F#\x01##0\x02\x30\x30\x10\x06",
-              "-1234.5"},
-             {__LINE__, "1,50E+03", "0.00E+00", "1500"},
-             {__LINE__, "1.500E+03", "0.00E+00", kFailed},
-         }) {
-        ExpectUnder(german, c);
-    }
+    constexpr UnformatCase kGermanTexts[] = {
+        {"1,50E+03", "0.00E+00", "1500"},
+        {"1.500E+03", "0.00E+00", kFailed},
+        {"-1.234,50", "#.##0,00", "-1234.5"},
+        {"-1.234,50 DM", "$", "-1234.5"},
+        {"1.234,50 DM", "#.##0,00' DM'", "1234.5"},
+        {"-1.234,50 DM", "\x0F#\x01##0\x02\x30\x30\x10\x04;\x05\x0F#\x01##0\x02\x30\x30\x10\x06", "-1234.5"},
+    };
+    ExpectUnder(kGermany, kGermanTexts);
     // Blanks as group separators stand in the run only where a digit place follows.
-    ExpectUnder({.thousand = ' ', .decimal = ','}, {__LINE__, "1 234,5 F", "# ##0,0 F", "1234.5"});
-    ExpectUnder({.thousand = 0, .decimal = 0}, {__LINE__, "12.5", "#.#", "12.5"});
+    EXPECT_EQ(NumberBlock({' ', ','}).Unformat("1 234,5 F", "# ##0,0 F"), "1234.5");
+    EXPECT_EQ(NumberBlock({0, 0}).Unformat("12.5", "#.#"), "12.5");
 }
 
 TEST(FMTUnformatNumberStr, TheMantissaFollowsTheProfile) {
     const TestProfile profile({{"intl", "sThousand", "."}, {"intl", "sDecimal", ","}});
     EXPECT_EQ(NumberBlock().Unformat("1,5E+03", "0.0E+00"), "1500");
-    EXPECT_EQ(NumberBlock(PrivateRegion{}).Unformat("1.500E+03", "0.0E+00"), "1500000");
+    EXPECT_EQ(NumberBlock(kUS).Unformat("1.500E+03", "0.0E+00"), "1500000");
 }
 
 TEST(FMTUnformatNumberStr, ScientificRange) {

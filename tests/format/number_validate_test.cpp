@@ -1,119 +1,71 @@
 // Free-form number text.
 #include <gtest/gtest.h>
 
+#include <span>
+#include <utility>
+
 #include "number_block.h"
 #include "support/profile.h"
 
 namespace {
 
-constexpr int32_t kNumber = 4;
-constexpr int32_t kCurrency = 5;
 constexpr const char* kFailed = "failed";
 
-struct ValidateCase {
-    int line;
-    const char* text;
-    const char* want;
-};
+using ValidateCase = std::pair<const char*, const char*>;
 
-void ExpectUnder(const PrivateRegion& region, int32_t type, std::initializer_list<ValidateCase> cases) {
-    for (const ValidateCase& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        EXPECT_EQ(NumberBlock(region).Validate(c.text, type), c.want);
-    }
+void ExpectUnder(const TestRegion& region, int32_t type, std::span<const ValidateCase> cases) {
+    for (const auto& [text, want] : cases) EXPECT_EQ(NumberBlock(region).Validate(text, type), want) << text;
 }
 
 // Every row holds under the profile's US settings and under the same settings given privately.
-void ExpectUnderUS(int32_t type, std::initializer_list<ValidateCase> cases) {
-    ExpectUnder({}, type, cases);
-    for (const ValidateCase& c : cases) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        EXPECT_EQ(NumberBlock().Validate(c.text, type), c.want) << "by the profile";
-    }
+void ExpectUnderUS(int32_t type, std::span<const ValidateCase> cases) {
+    ExpectUnder(kUS, type, cases);
+    for (const auto& [text, want] : cases) EXPECT_EQ(NumberBlock().Validate(text, type), want) << text;
 }
 
 TEST(FMTValidateNumber, Signs) {
-    ExpectUnderUS(kNumber, {
-                               {__LINE__, "123-", "-123"},
-                               {__LINE__, "+123", "123"},
-                               {__LINE__, "123+", "123"},
-                               {__LINE__, " -5 ", "-5"},
-                               {__LINE__, "\t\r\n5\v\f", "5"},
-                               {__LINE__, "- 5", kFailed},
-                               {__LINE__, "5 -", kFailed},
-                               {__LINE__, "-5-", kFailed},
-                               {__LINE__, "+-5", kFailed},
-                               {__LINE__, "5-+", kFailed},
-                               {__LINE__, "-0", "0"},
-                               // What is empty once blanks and a sign are gone counts as zero.
-                               {__LINE__, " ", "0"},
-                               {__LINE__, "-", "0"},
-                               {__LINE__, "+", "0"},
-                           });
+    constexpr ValidateCase kCases[] = {
+        {"123-", "-123"}, {"+123", "123"},  {"123+", "123"},  {" -5 ", "-5"},   {"\t\r\n5\v\f", "5"},
+        {"- 5", kFailed}, {"5 -", kFailed}, {"-5-", kFailed}, {"+-5", kFailed}, {"5-+", kFailed},
+        {"-0", "0"},      {"-", "0"},       {"+", "0"},       {" ", "0"},  // nothing but blanks and a sign
+    };
+    ExpectUnderUS(kNumber, kCases);
 }
 
 TEST(FMTValidateNumber, GroupsAndDecimals) {
-    ExpectUnderUS(kNumber, {
-                               {__LINE__, "1,234,567.00-", "-1234567"},
-                               {__LINE__, "1,234,567", "1234567"},
-                               {__LINE__, ",123", "123"},
-                               {__LINE__, ",123,456", "123456"},
-                               {__LINE__, "1,23", kFailed},
-                               {__LINE__, "12,34", kFailed},
-                               {__LINE__, "1234,567", kFailed},
-                               {__LINE__, "1,,234", kFailed},
-                               {__LINE__, "1,234,", kFailed},
-                               {__LINE__, ",", kFailed},
-                               {__LINE__, "1.5,000", kFailed},
-                               {__LINE__, "1,234.5", "1234.5"},
-                               {__LINE__, ",.5", kFailed},
-                               {__LINE__, ".", "0"},
-                               {__LINE__, "..", kFailed},
-                               {__LINE__, "1.2.3", kFailed},
-                               {__LINE__, "5.", "5"},
-                               {__LINE__, "00.500", ".5"},
-                               {__LINE__, "1234567890123456789012345", "1234567890123456789010000"},
-                           });
-    ExpectUnder({.thousand = '.', .decimal = ','}, kNumber,
-                {
-                    {__LINE__, "1.234,5", "1234.5"},
-                    {__LINE__, "1,5", "1.5"},
-                    {__LINE__, "1.5", kFailed},
-                    {__LINE__, "1,2,3", kFailed},
-                });
-    ExpectUnder({.thousand = ' ', .decimal = ','}, kNumber,
-                {
-                    {__LINE__, " 1 234,5 ", "1234.5"},
-                    {__LINE__, "1 23", kFailed},
-                    {__LINE__, "1.5", "1.5"},    // a plain point is one too
-                    {__LINE__, "1.2,3", "1.2"},  // and what follows the number is not read
-                });
-    ExpectUnder({.thousand = 0, .decimal = 0}, kNumber,
-                {
-                    {__LINE__, "1.5", "1.5"},
-                    {__LINE__, "..", "0"},
-                    {__LINE__, "1,5", kFailed},
-                });
-    ExpectUnder({.thousand = ',', .decimal = ','}, kNumber,
-                {
-                    {__LINE__, "1,5", "1.5"},
-                    {__LINE__, "1,5,5", kFailed},
-                });
+    constexpr ValidateCase kCases[] = {
+        {"1,234,567", "1234567"}, {",123", "123"},      {"1,234,567.00-", "-1234567"},
+        {",123,456", "123456"},   {"1,23", kFailed},    {"12,34", kFailed},
+        {"1234,567", kFailed},    {"1,,234", kFailed},  {"1,234,", kFailed},
+        {",", kFailed},           {"1.5,000", kFailed}, {"1,234.5", "1234.5"},
+        {",.5", kFailed},         {".", "0"},           {"..", kFailed},
+        {"1.2.3", kFailed},       {"5.", "5"},          {"1234567890123456789012345", "1234567890123456789010000"},
+        {"00.500", ".5"},
+    };
+    ExpectUnderUS(kNumber, kCases);
+    constexpr ValidateCase kContinental[] = {
+        {"1.234,5", "1234.5"}, {"1,5", "1.5"}, {"1.5", kFailed}, {"1,2,3", kFailed}};
+    ExpectUnder(kGermany, kNumber, kContinental);
+    constexpr ValidateCase kBlankGroups[] = {
+        {" 1 234,5 ", "1234.5"},
+        {"1 23", kFailed},
+        {"1.5", "1.5"},    // a plain point is one too
+        {"1.2,3", "1.2"},  // and what follows the number is not read
+    };
+    ExpectUnder({' ', ','}, kNumber, kBlankGroups);
+    constexpr ValidateCase kNoSeparators[] = {{"1.5", "1.5"}, {"..", "0"}, {"1,5", kFailed}};
+    ExpectUnder({0, 0}, kNumber, kNoSeparators);
+    constexpr ValidateCase kOneForBoth[] = {{"1,5", "1.5"}, {"1,5,5", kFailed}};
+    ExpectUnder({',', ','}, kNumber, kOneForBoth);
 }
 
 TEST(FMTValidateNumber, Exponents) {
-    ExpectUnderUS(kNumber, {
-                               {__LINE__, "1e", "1"},
-                               {__LINE__, "1e+", "1"},  // the sign at the end is the number's
-                               {__LINE__, "1e-", "-1"},
-                               {__LINE__, "1e-5", ".00001"},
-                               {__LINE__, "1E5", "100000"},
-                               {__LINE__, "-1.5e+2", "-150"},
-                               {__LINE__, "1e,005", "100000"},
-                               {__LINE__, "1e5.", kFailed},
-                               {__LINE__, "1e5e5", kFailed},
-                               {__LINE__, "1e 5", kFailed},
-                           });
+    constexpr ValidateCase kCases[] = {
+        {"1e", "1"},          {"1e+", "1"},  // the sign at the end is the number's
+        {"1e-", "-1"},        {"1e-5", ".00001"}, {"1E5", "100000"},  {"-1.5e+2", "-150"},
+        {"1e,005", "100000"}, {"1e5.", kFailed},  {"1e5e5", kFailed}, {"1e 5", kFailed},
+    };
+    ExpectUnderUS(kNumber, kCases);
     // The shape of a number without digits, or out of range: what the conversion left, which is null.
     for (const char* text : {"e5", ".e5", "1e100", "1e99999", "1e-200"}) {
         NumberBlock block;
@@ -133,44 +85,21 @@ TEST(FMTValidateNumber, WhatIsNoNumberLeavesTheValue) {
 }
 
 TEST(FMTValidateNumber, Amounts) {
-    ExpectUnderUS(kCurrency, {
-                                 {__LINE__, "$1,234.50", "1234.5"},
-                                 {__LINE__, "($12)", "-12"},
-                                 {__LINE__, "(12)", "-12"},
-                                 {__LINE__, "-$12", "-12"},
-                                 {__LINE__, "$-12", "-12"},
-                                 {__LINE__, "$12-", "-12"},
-                                 {__LINE__, "12$-", "-12"},  // the far side of the sign
-                                 {__LINE__, "(12$)", "-12"},
-                                 {__LINE__, "$ 12", "12"},
-                                 {__LINE__, " $12 ", "12"},
-                                 {__LINE__, "12", "12"},
-                                 {__LINE__, "+12", "12"},
-                                 {__LINE__, "$1e2", "100"},
-                                 {__LINE__, "$", "0"},
-                                 {__LINE__, "($)", "0"},
-                                 {__LINE__, "()", "0"},
-                                 {__LINE__, "12$", kFailed},
-                                 {__LINE__, "- $12", kFailed},
-                                 {__LINE__, "-$ 12", kFailed},
-                                 {__LINE__, "$$12", kFailed},
-                                 {__LINE__, "(-12)", kFailed},
-                                 {__LINE__, "-12-", kFailed},
-                                 {__LINE__, "(", kFailed},
-                                 {__LINE__, ")", kFailed},
-                                 {__LINE__, "(12", kFailed},
-                             });
-    ExpectUnder({.currency = "DM", .position = 3}, kCurrency,
-                {
-                    {__LINE__, "12 DM", "12"},
-                    {__LINE__, "12DM", "12"},
-                    {__LINE__, "-12 DM", "-12"},
-                    {__LINE__, "(12 DM)", "-12"},
-                    {__LINE__, "12- DM", "-12"},
-                    {__LINE__, "DM 12", kFailed},
-                });
-    ExpectUnder({.currency = "a long symbol", .position = 1}, kCurrency, {{__LINE__, "12a long symbol", "12"}});
-    ExpectUnder({.currency = nullptr}, kCurrency, {{__LINE__, "(12)", "-12"}, {__LINE__, "$12", kFailed}});
+    constexpr ValidateCase kCases[] = {
+        {"$1,234.50", "1234.5"}, {"($12)", "-12"}, {"12$-", "-12"},  // the far side of the sign
+        {"-$12", "-12"},         {"(12)", "-12"},  {"$12-", "-12"}, {"$-12", "-12"},   {"(12$)", "-12"},   {"12", "12"},
+        {"- $12", kFailed},      {" $12 ", "12"},  {"+12", "12"},   {"$ 12", "12"},    {"$", "0"},         {"()", "0"},
+        {"-$ 12", kFailed},      {"12$", kFailed}, {"$1e2", "100"}, {"$$12", kFailed}, {"(-12)", kFailed}, {"($)", "0"},
+        {"-12-", kFailed},       {"(", kFailed},   {")", kFailed},  {"(12", kFailed},
+    };
+    ExpectUnderUS(kCurrency, kCases);
+    constexpr ValidateCase kBehind[] = {
+        {"12 DM", "12"}, {"12DM", "12"}, {"-12 DM", "-12"}, {"(12 DM)", "-12"}, {"12- DM", "-12"}, {"DM 12", kFailed},
+    };
+    ExpectUnder({.currency = "DM", .position = 3}, kCurrency, kBehind);
+    EXPECT_EQ(NumberBlock({.currency = "a long symbol", .position = 1}).Validate("12a long symbol", kCurrency), "12");
+    EXPECT_EQ(NumberBlock({.currency = nullptr}).Validate("(12)", kCurrency), "-12");
+    EXPECT_EQ(NumberBlock({.currency = nullptr}).Validate("$12", kCurrency), kFailed);
 }
 
 TEST(FMTValidateNumber, FollowsTheProfile) {
@@ -180,7 +109,7 @@ TEST(FMTValidateNumber, FollowsTheProfile) {
                                {"intl", "sDecimal", ","}});
     EXPECT_EQ(NumberBlock().Validate("-1.234,5 kr", kCurrency), "-1234.5");
     EXPECT_EQ(NumberBlock().Validate("1.234,5", kNumber), "1234.5");
-    EXPECT_EQ(NumberBlock(PrivateRegion{}).Validate("1,234.5", kNumber), "1234.5");
+    EXPECT_EQ(NumberBlock(kUS).Validate("1,234.5", kNumber), "1234.5");
 }
 
 TEST(FMTValidateNumber, LongText) {

@@ -3,12 +3,13 @@
 
 #include <cstring>
 #include <string>
+#include <tuple>
 
 #include <morvl15/host.h>
 
 #include "format/picture_tokens.h"
 #include "format/settings.h"
-#include "private_region.h"
+#include "number_block.h"
 #include "support/profile.h"
 
 namespace {
@@ -71,11 +72,8 @@ TEST(ProfileSettings, EveryKey) {
 }
 
 TEST(ProfileSettings, EmptyTexts) {
-    std::vector<TestProfile::Entry> empty;
-    for (const char* key :
-         {"sThousand", "sDecimal", "sCurrency", "sTime", "sShortDate", "sLongDate", "s1159", "s2359"}) {
-        empty.push_back({"intl", key, ""});
-    }
+    std::vector<TestProfile::Entry> empty = kEveryKey;
+    for (TestProfile::Entry& entry : empty) entry.value = "";
     const TestProfile profile(empty);
     // The texts of morning and afternoon alone get their default back.
     const char* texts[] = {"", "", "", "AM", "PM", "", "", ""};
@@ -83,63 +81,36 @@ TEST(ProfileSettings, EmptyTexts) {
     EXPECT_EQ(ReadProfile().sThousand, 0);
 }
 
-struct ValueCase {
-    int line;
-    const char* section;
-    const char* key;
-    const char* text;
-    int32_t selector;
-    int32_t value;
+// Section, key and text in the profile; the selector of a value.
+constexpr std::tuple<const char*, const char*, const char*, int32_t, int32_t> kValues[] = {
+    {"intl", "iCurrency", "0", 10, 0},           {"intl", "iCurrency", "1", 10, 1},
+    {"intl", "iCurrency", "2", 10, 2},           {"MORVANEL", "sDateType", "longgregorian", 6, 0},
+    {"intl", "iCurrency", "7", 10, 0},           {"MORVANEL", "sDateType", "ShortGregorian", 6, 1},
+    {"intl", "iCurrency", "3", 10, 3},           {"MORVANEL", "sDateType", "JapanGregorian", 6, 2},
+    {"MORVANEL", "sDateType", "nonsense", 6, 1}, {"MORVANEL", "sDateType", "japanemperor", 6, 3},
+    {"MORVANEL", "sDateType", "", 6, 1},
 };
-// clang-format off
-constexpr ValueCase kValues[] = {
-    {__LINE__, "intl",     "iCurrency", "0",               10, 0},
-    {__LINE__, "intl",     "iCurrency", "1",               10, 1},
-    {__LINE__, "intl",     "iCurrency", "2",               10, 2},
-    {__LINE__, "intl",     "iCurrency", "3",               10, 3},
-    {__LINE__, "intl",     "iCurrency", "7",               10, 0},
-    {__LINE__, "MORVANEL", "sDateType", "longgregorian",   6,  0},
-    {__LINE__, "MORVANEL", "sDateType", "ShortGregorian",  6,  1},
-    {__LINE__, "MORVANEL", "sDateType", "JapanGregorian",  6,  2},
-    {__LINE__, "MORVANEL", "sDateType", "japanemperor",    6,  3},
-    {__LINE__, "MORVANEL", "sDateType", "nonsense",        6,  1},
-    {__LINE__, "MORVANEL", "sDateType", "",                6,  1},
-};
-// clang-format on
 
 TEST(ProfileSettings, ValuesWithAMeaning) {
-    for (const ValueCase& c : kValues) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
-        const TestProfile profile({{c.section, c.key, c.text}});
-        EXPECT_EQ(FMTGetIntlValue(c.selector), c.value);
+    for (const auto& [section, key, text, selector, value] : kValues) {
+        const TestProfile profile({{section, key, text}});
+        EXPECT_EQ(FMTGetIntlValue(selector), value) << text;
     }
 }
 
-struct ShortPictureCase {
-    int line;
-    const char* iCountry;
-    const char* sCountry;
-    const char* picture;
-    const char* want;
+// The country's code and name, the picture in the profile, the picture as read.
+constexpr std::tuple<const char*, const char*, const char*, const char*> kShortPictures[] = {
+    {"43", "Austria", "yyyy-MM-dddd", "yyyy-MM-dd"},      {"43", "Austria", "yyyy-MM-ddd", "yyyy-MM-ddd"},
+    {"42", "Austria", "yyyy-MM-dddd", "yyyy-MM-dddd"},    {"2", "Canada (French)", "yy-MM-dd", "yy/MM/dd"},
+    {"2", "Canada (french)", "yy-MM-dd", "yy-MM-dd"},     {"1", "Canada (French)", "yy-MM-dd", "yy-MM-dd"},
+    {"2", "Canada (French)", "yyyy-MM-dd", "yyyy-MM-dd"},
 };
-// clang-format off
-constexpr ShortPictureCase kShortPictures[] = {
-    {__LINE__, "43",  "Austria",            "yyyy-MM-dddd",  "yyyy-MM-dd"},
-    {__LINE__, "43",  "Austria",            "yyyy-MM-ddd",   "yyyy-MM-ddd"},
-    {__LINE__, "42",  "Austria",            "yyyy-MM-dddd",  "yyyy-MM-dddd"},
-    {__LINE__, "2",   "Canada (French)",    "yy-MM-dd",      "yy/MM/dd"},
-    {__LINE__, "2",   "Canada (french)",    "yy-MM-dd",      "yy-MM-dd"},
-    {__LINE__, "1",   "Canada (French)",    "yy-MM-dd",      "yy-MM-dd"},
-    {__LINE__, "2",   "Canada (French)",    "yyyy-MM-dd",    "yyyy-MM-dd"},
-};
-// clang-format on
 
 TEST(ProfileSettings, ShortPicturesThatAreMended) {
-    for (const ShortPictureCase& c : kShortPictures) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.picture);
+    for (const auto& [code, name, picture, want] : kShortPictures) {
         const TestProfile profile(
-            {{"intl", "iCountry", c.iCountry}, {"intl", "sCountry", c.sCountry}, {"intl", "sShortDate", c.picture}});
-        EXPECT_STREQ(ReadProfile().sShortDate, c.want);
+            {{"intl", "iCountry", code}, {"intl", "sCountry", name}, {"intl", "sShortDate", picture}});
+        EXPECT_STREQ(ReadProfile().sShortDate, want) << code;
     }
 }
 
@@ -172,11 +143,7 @@ TEST(Region, ValuesComeFromTheProfileOrFromTheBlock) {
 }
 
 std::string TokenizeByProfile(const char* picture) {
-    char output[64];
-    FMTCntlBlock block = BlockOfProfile();
-    block.Picture = picture;
-    block.Output = output;
-    return FMTTokenizeNumberPic(&block) == 1 ? output : "failed";
+    return ConvertPicture(FMTTokenizeNumberPic, BlockOfProfile(), picture);
 }
 
 // Separators follow the settings; the currency strings stay as first built.

@@ -11,7 +11,7 @@
 
 #include "datetime/calendar.h"
 #include "format/picture_tokens.h"
-#include "private_region.h"
+#include "number_block.h"
 #include "support/profile.h"
 
 namespace {
@@ -20,13 +20,7 @@ constexpr int32_t kReaders = 4;
 
 // "#,##0.00" as the profile writes it. Each separator is taken by a step of its own on the way.
 std::string PictureUnderProfile() {
-    char output[64];
-    FMTCntlBlock block = BlockOfProfile();
-    block.Picture =
-        "\x0F#\x01##0\x02"
-        "00\x10";
-    block.Output = output;
-    return FMTUnTokenizeNumberPic(&block) == 1 ? output : "failed";
+    return ConvertPicture(FMTUnTokenizeNumberPic, BlockOfProfile(), "\x0F#\x01##0\x02\x30\x30\x10");
 }
 
 void Write(const char* thousand, const char* decimal) {
@@ -71,12 +65,8 @@ TEST(SettingsThreads, FirstCallersShareOneLoad) {
     std::vector<std::thread> threads;
     for (int32_t i = 0; i < kReaders; ++i) {
         threads.emplace_back([&wrong] {
-            char output[64];
-            FMTCntlBlock block = BlockOfProfile();
-            block.Picture = "# DM";
-            block.Output = output;
-            FMTTokenizeNumberPic(&block);
-            if (std::string(output) != "\x0F#\x10\x04" || FMTFindMonthName("may") != 5) ++wrong;
+            const std::string tokens = ConvertPicture(FMTTokenizeNumberPic, BlockOfProfile(), "# DM");
+            if (tokens != "\x0F#\x10\x04" || FMTFindMonthName("may") != 5) ++wrong;
         });
     }
     for (std::thread& thread : threads) thread.join();
