@@ -28,8 +28,7 @@ MORVL_BEGIN_C
 // picture follows, if one stands there ("555" under "999-9999" gives "555-").
 //   text    in:  the text; null gives 0
 //   out     out: room for the picture's length (without "^") + 1 bytes; for an unlimited picture the text's length +
-//   the
-//                number of literals + 1. May be the text's own buffer. Null gives 0
+//                the number of literals + 1. May be the text's own buffer. Null gives 0
 //   picture in:  a valid mask picture, else 0
 // Result: 1; 0 for a null argument, an invalid picture and no memory, and then out is as it was.
 MORVL_API int32_t MORVL_CALL FMTMaskText(const char* text, char* out, const char* picture);
@@ -38,9 +37,9 @@ MORVL_API int32_t MORVL_CALL FMTMaskText(const char* text, char* out, const char
 // an input position a blank always passes; other characters are tested for "9", "n" and "N" only. Literals must stand
 // in the text as in the picture.
 //   block   in:  Input, the masked text; Picture; Output, room for the length of Input + 1 bytes, may be Input's own
-//   buffer
-// Result: 1, and Output holds the unmasked text. 0 with Output as it was: a null among the three, an empty picture, a
-// text longer than a limited picture. 0 with an empty Output: the text doesn't fit.
+//                buffer
+// Result: 1, and Output holds the unmasked text. 0 with Output as it was: a null block, a null among the three, an empty
+// picture, a text longer than a limited picture. 0 with an empty Output: the text doesn't fit.
 MORVL_API int32_t MORVL_CALL FMTUnmaskInput(FMTCntlBlock* block);
 
 // FMTIsValidMaskFormat: whether a picture is valid: at least one mask character, and no "*" but at its end.
@@ -73,11 +72,14 @@ MORVL_API int32_t MORVL_CALL FMTIsPicUnlimited(const char* picture);
 // message. The entry does its work on the control from outside; what it passes on to the control runs through the hook
 // once more, and that nested call answers 0 at once.
 //   block   in:  Window, the control; Message, WParam (16 bits each) and LParam, the message; Picture, a mask picture
-//   that
-//                is set on each call (null: nothing is handled); Flags bits 8 and 9, above
+//                that is set on each call; Flags bits 8 and 9, above
 //           out: Result, the answer to the message, where the result is 1
 // Result: 1 when the message is handled: the application answers it with Result and doesn't pass it on. 0 when it
-// isn't: the application passes it on to the control; Result is untouched.
+// isn't: the application passes it on to the control; Result is untouched. 0 for a null block or Picture.
+//
+// Handled are WM_CHAR (a tab never reaches the control), WM_KEYDOWN of End, Home, Left, Right and Delete, and WM_CLEAR;
+// with bit 8 WM_SETTEXT, EM_REPLACESEL and WM_PASTE; with both bits FMT_MASK_SHOW_TEXT, whose text the control gets with
+// the positions that it leaves open as blanks. WM_CUT is left to the application.
 //
 // A character goes to the next input position, the literals before it being written first; typing inside a text that
 // isn't full pushes the rest to the right across the literals, and deleting closes it up. A character that doesn't fit

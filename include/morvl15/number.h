@@ -91,7 +91,8 @@ MORVL_API uint32_t MORVL_CALL NumToDWordReply(const Number* num, uint32_t* reply
 // the first pair of the greater magnitude to the last pair of the other operand; what the other operand has behind them
 // is cut off before.
 //   result  out: may be a, b or both
-//   a, b    in:  null counts as zero, also twice; with an invalid one the result is zero
+//   a, b    in:  null counts as zero, also twice; with an invalid one the result is zero. NumAddition of null or zero
+//                gives the bytes of the other operand, zero pairs at its end included
 // Result: L.
 MORVL_API int32_t MORVL_CALL NumAddition(Number* result, const Number* a, const Number* b);
 MORVL_API int32_t MORVL_CALL NumSubtract(Number* result, const Number* a, const Number* b);

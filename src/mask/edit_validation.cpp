@@ -153,7 +153,7 @@ bool Dispatch(const FMTEditContext& edit, const FMTCntlBlock& block, LRESULT* re
 }  // namespace
 
 int32_t MORVL_CALL FMTValidateInput(FMTCntlBlock* block) {
-    if (gFMTValidating || block->Picture == nullptr) return 0;
+    if (gFMTValidating || block == nullptr || block->Picture == nullptr) return 0;
     const ValidatingScope scope;
     LRESULT result = 0;
     if (!Dispatch(FMTEditContextOf(block->Window, FMTMaskBody(block->Picture)), *block, &result)) return 0;

@@ -53,7 +53,6 @@ void FMTMaskLayAll(const char* text, char* out, const char* picture, int32_t mat
         return;
     }
     for (; IsLiteralAt(picture, at); ++at) out[at] = picture[at];
-    if (picture[at] != 0) rest = "";  // the picture hasn't run out: it took all of the text
     std::strcpy(out + at, rest);
 }
 
@@ -92,5 +91,6 @@ int32_t FMTMaskRemove(const char* text, char* out, const char* picture) {
 }
 
 int32_t MORVL_CALL FMTUnmaskInput(FMTCntlBlock* block) {
+    if (block == nullptr) return 0;
     return FMTMaskRemove(block->Input, block->Output, FMTMaskBody(block->Picture));
 }

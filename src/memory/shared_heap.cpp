@@ -161,12 +161,17 @@ bool MemFreeLast(MemSharedBlock* block) {
     return true;
 }
 
+// Above the top lies what was left of blocks when the heap was reset, guard words and links included.
+bool MemIsBelowTop(const MemSharedBlock* block) {
+    return uint64_t{MemSharedAddress(block)} + block->size + kMemBlockOverhead <= gMemSharedHeap->top;
+}
+
 // Frees the block at an address. False, and nothing changed, for anything but a used block.
 bool MemFreeAt(uint32_t address) {
     if (gMemSharedHeap == nullptr) return false;
     MemSharedHeader* heap = gMemSharedHeap;
     MemSharedBlock* block = MemSharedBlockAt(address);
-    if (block == nullptr || !MemSharedIsUnlinkable(block, heap->usedList)) return false;
+    if (block == nullptr || !MemIsBelowTop(block) || !MemSharedIsUnlinkable(block, heap->usedList)) return false;
     if (heap->usedList.first == address && block->next == address) return MemFreeLast(block);
 
     MemNeighbours neighbours;

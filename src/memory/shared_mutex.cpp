@@ -14,7 +14,7 @@ constexpr char kMutexName[] = "MORVEL_SHARED_MEM_MUTEX";
 // Made at the first use, under the global lock, and kept until the process ends.
 std::atomic<HANDLE> gMemMutex{nullptr};
 
-HANDLE MemCreateMutex() {
+[[gnu::noinline]] HANDLE MemCreateMutex() {
     const CRMainLock lock;
     HANDLE mutex = gMemMutex.load(std::memory_order_relaxed);
     if (mutex != nullptr) return mutex;

@@ -1,4 +1,6 @@
 // The arithmetic that the library exports: on vectors of pairs where the processor has them, otherwise pair by pair.
+#include <cstring>
+
 #include "number_codec.h"
 #include "pair_arithmetic.h"
 #include "vector_operations.h"
@@ -6,6 +8,21 @@
 namespace {
 
 constexpr int32_t kMaxPower = 50;
+
+// Null, or zero in its one byte.
+bool IsNothing(const Number* num) {
+    return NumLength(num) < 2;
+}
+
+// The sum of two Numbers of which one is nothing: the other one as it stands, zero pairs at its end included.
+int32_t AddToNothing(Number* result, const Number* a, const Number* b) {
+    const Number* sum = IsNothing(a) ? b : a;
+    if (IsInvalid(sum) || IsNull(sum)) return NumPackZero(result);
+    const int32_t length = NumLength(sum);
+    std::memmove(result->bytes + 1, sum->bytes + 1, static_cast<size_t>(length));
+    result->bytes[0] = static_cast<uint8_t>(length);
+    return length;
+}
 
 // The first byte, which orders values as their signs and exponents do, and the first pair.
 uint16_t LeadingBytes(const Number* num) {
@@ -25,6 +42,7 @@ bool IsPair(uint32_t byte) {
 }  // namespace
 
 int32_t MORVL_CALL NumAddition(Number* result, const Number* a, const Number* b) {
+    if (IsNothing(a) || IsNothing(b)) return AddToNothing(result, a, b);
     return HasPairVectors() ? NumAddSubVectors(result, a, b, false) : NumAddSub(result, a, b, false);
 }
 

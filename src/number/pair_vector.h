@@ -106,7 +106,7 @@ PAIR_VECTOR_INLINE int32_t StoreNumber(Number* num, __m128i pairs, int32_t expon
     if (__builtin_expect(MaskOf(_mm_cmpeq_epi8(data, _mm_set1_epi8(100))) != 0, 0)) {
         return NumPackLanes(num, pairs, exponent, negative);
     }
-    data = _mm_insert_epi8(data, packed, 0);
+    data = _mm_insert_epi8(data, static_cast<char>(packed), 0);
     const FinishRow& finish = rows.finish[count];
     data = _mm_add_epi8(_mm_xor_si128(data, Row(rows.flip)), Row(finish.add));
     const int32_t length = count + 1 + static_cast<int32_t>(negative);

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include <morvl15/host.h>
 #include <morvl15/intl.h>
@@ -11,22 +12,17 @@
 
 namespace {
 
-struct ByteClassCase {
-    uint8_t byte;
-    bool kanji;
-    bool katakana;
-};
-
 TEST(CharactersJapanese, LeadAndKatakanaBytes) {
     const TestLanguage language(kJapanese);
-    constexpr ByteClassCase kCases[] = {
+    // A byte, whether it is a lead, whether it is katakana.
+    constexpr std::tuple<uint8_t, bool, bool> kCases[] = {
         {0x00, false, false}, {0x41, false, false}, {0x80, false, false}, {0x81, true, false},
         {0x9F, true, false},  {0xA0, false, true},  {0xA1, false, true},  {0xDF, false, true},
         {0xE0, true, false},  {0xFC, true, false},  {0xFD, false, false}, {0xFF, false, false},
     };
-    for (const ByteClassCase& c : kCases) {
-        EXPECT_EQ(IntlIsKanji(c.byte) != 0, c.kanji) << int{c.byte};
-        EXPECT_EQ(IntlIsKatakana(c.byte), c.katakana) << int{c.byte};
+    for (const auto& [byte, kanji, katakana] : kCases) {
+        EXPECT_EQ(IntlIsKanji(byte) != 0, kanji) << int{byte};
+        EXPECT_EQ(IntlIsKatakana(byte), katakana) << int{byte};
     }
 }
 
@@ -48,25 +44,22 @@ TEST(CharactersKorean, LeadBytesAreTheHosts) {
 }
 
 struct CharacterCase {
-    int line;
     const char* text;
     int32_t bytes;
     uint16_t code;
     int16_t signedValue;
 };
 constexpr CharacterCase kJapaneseCharacters[] = {
-    {__LINE__, "", 0, 0, 0},
-    {__LINE__, "a", 1, 0x41 + 0x20, 0x61},
-    {__LINE__, "\xB1", 1, 0xB1, static_cast<int16_t>(0xFFB1)},
-    {__LINE__, "\x82\xA0", 2, 0x82A0, static_cast<int16_t>(0x82A0)},
-    {__LINE__, "\x82", 1, 0x82, static_cast<int16_t>(0xFF82)},  // half a character at the end
-    {__LINE__, "\x82\x01", 2, 0x8201, static_cast<int16_t>(0x8201)},
+    {"\x82\xA0", 2, 0x82A0, static_cast<int16_t>(0x82A0)}, {"a", 1, 'a', 'a'},
+    {"\xB1", 1, 0xB1, static_cast<int16_t>(0xFFB1)},       {"", 0, 0, 0},
+    {"\x82", 1, 0x82, static_cast<int16_t>(0xFF82)},  // half a character at the end
+    {"\x82\x01", 2, 0x8201, static_cast<int16_t>(0x8201)},
 };
 
 TEST(CharactersJapanese, TheFirstCharacterIsWhatOneStepPasses) {
     const TestLanguage language(kJapanese);
     for (const CharacterCase& c : kJapaneseCharacters) {
-        const testing::ScopedTrace row(__FILE__, c.line, c.text);
+        const testing::ScopedTrace row(__FILE__, __LINE__, c.text);
         EXPECT_EQ(IntlBytesInNextChar(c.text), c.bytes);
         EXPECT_EQ(IntlIsDBChar(c.text), c.bytes == 2);
         EXPECT_EQ(CharNextA(c.text) - c.text, c.bytes);
@@ -97,40 +90,29 @@ TEST(Characters, InASingleByteLocaleEveryByteIsOne) {
 }
 
 TEST(Characters, NullIsEmpty) {
-    for (const uint16_t system : {kEnglish}) {
-        const TestLanguage language(system);
-        EXPECT_EQ(IntlStrLen(nullptr), 0);
-        EXPECT_EQ(IntlCharCount(nullptr), 0u);
-        EXPECT_EQ(IntlDBCSChar(nullptr), 0);
-        EXPECT_EQ(IntlStrFirstChar(nullptr), 0);
-        EXPECT_EQ(IntlStrLastChar(nullptr), 0);
-        EXPECT_EQ(IntlNextDBCInStr(nullptr), nullptr);
-        EXPECT_EQ(IntlStrNthChar(nullptr, 0), nullptr);
-        EXPECT_EQ(IntlIsNthCharDB(nullptr, 0), 0);
-        EXPECT_EQ(IntlIsNthByteDB(nullptr, 0), 0);
-    }
+    EXPECT_EQ(IntlStrLen(nullptr), 0);
+    EXPECT_EQ(IntlCharCount(nullptr), 0u);
+    EXPECT_EQ(IntlDBCSChar(nullptr), 0);
+    EXPECT_EQ(IntlStrFirstChar(nullptr), 0);
+    EXPECT_EQ(IntlStrLastChar(nullptr), 0);
+    EXPECT_EQ(IntlNextDBCInStr(nullptr), nullptr);
+    EXPECT_EQ(IntlStrNthChar(nullptr, 0), nullptr);
+    EXPECT_EQ(IntlIsNthCharDB(nullptr, 0), 0);
+    EXPECT_EQ(IntlIsNthByteDB(nullptr, 0), 0);
 }
-
-struct NthCase {
-    int32_t n;
-    int32_t charIsDouble;
-    int32_t byteIs;
-    int32_t charAt;  // where character n stands; -1 for nowhere
-};
 
 TEST(CharactersJapanese, NthCharacterAndByte) {
     const TestLanguage language(kJapanese);
-    const char* text =
-        "A\x82\xA0"
-        "B";
-    constexpr NthCase kCases[] = {
+    const char* text = "a\x82\xA0z";
+    // Whether character n is double, what byte n is, and where character n stands (-1: nowhere).
+    constexpr std::tuple<int32_t, int32_t, int32_t, int32_t> kCases[] = {
         {INT32_MIN, 0, 0, -1}, {-1, 0, 0, -1}, {0, 0, 0, 0},  {1, 1, 1, 1},          {2, 0, 2, 3},
         {3, 0, 0, 4},          {4, 0, 0, -1},  {5, 0, 0, -1}, {INT32_MAX, 0, 0, -1},
     };
-    for (const NthCase& c : kCases) {
-        EXPECT_EQ(IntlIsNthCharDB(text, c.n), c.charIsDouble) << c.n;
-        EXPECT_EQ(IntlIsNthByteDB(text, c.n), c.byteIs) << c.n;
-        EXPECT_EQ(IntlStrNthChar(text, c.n), c.charAt >= 0 ? text + c.charAt : nullptr) << c.n;
+    for (const auto& [n, charIsDouble, byteIs, charAt] : kCases) {
+        EXPECT_EQ(IntlIsNthCharDB(text, n), charIsDouble) << n;
+        EXPECT_EQ(IntlIsNthByteDB(text, n), byteIs) << n;
+        EXPECT_EQ(IntlStrNthChar(text, n), charAt >= 0 ? text + charAt : nullptr) << n;
     }
     EXPECT_EQ(IntlStrLen(text), 3);
     EXPECT_EQ(IntlStrLenB(text), 4);
@@ -154,21 +136,20 @@ TEST(CharactersJapanese, TextsOfMoreThan65535CharactersWork) {
 }
 
 struct FindCase {
-    int line;
     const char* text;
     uint16_t code;
     int32_t at;  // -1: not there
 };
 
 void ExpectFound(const FindCase& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, c.text);
+    const testing::ScopedTrace row(__FILE__, __LINE__, c.text);
     EXPECT_EQ(IntlStrChr(c.text, c.code), c.at >= 0 ? c.text + c.at : nullptr);
 }
 
 TEST(Characters, FindABySingleByte) {
     constexpr FindCase kCases[] = {
-        {__LINE__, "abcb", 'b', 1},   {__LINE__, "abc", 'x', -1},         {__LINE__, "abc", 0, 3}, {__LINE__, "", 0, 0},
-        {__LINE__, "a\x82", 0x82, 1}, {__LINE__, "abc", 0x8200 | 'c', 2},  // only the low byte counts
+        {"abcb", 'b', 1}, {"abc", 'x', -1},   {"abc", 0, 3},
+        {"", 0, 0},       {"a\x82", 0x82, 1}, {"abc", 0x8200 | 'c', 2},  // only the low byte counts
     };
     for (const FindCase& c : kCases) ExpectFound(c);
 }
@@ -176,17 +157,11 @@ TEST(Characters, FindABySingleByte) {
 TEST(CharactersJapanese, FindACharacterAndNoHalf) {
     const TestLanguage language(kJapanese);
     constexpr FindCase kCases[] = {
-        {__LINE__, "\x95\x5C", 0x5C, -1},  // a trail byte
-        {__LINE__, "\x95\x5C\x5C", 0x5C, 2},
-        {__LINE__, "a\x95\x5C", 0x955C, 1},
-        {__LINE__, "\x82\x95\x5C\x95\x5C", 0x955C, 3},  // the first such bytes are a trail and a single character
-        {__LINE__, "a\x82\xA0", 0, 3},
-        {__LINE__, "", 0, 0},
-        {__LINE__, "a\x82\xA0\x82", 0x82, 3},  // half a character is one of its own at the end
-        {__LINE__, "\x82\x82\x82\x82", 0x82, -1},
-        {__LINE__, "\x82\x82\x82", 0x82, 2},
-        {__LINE__, "a\x82", 0x8200, -1},
-        {__LINE__, "\x82\xB1\xB1", 0xB1, 2},
+        {"\x95\x5C\x5C", 0x5C, 2},           {"a\x95\x5C", 0x955C, 1}, {"\x95\x5C", 0x5C, -1},  // a trail byte
+        {"\x82\x95\x5C\x95\x5C", 0x955C, 3},  // the first such bytes are a trail and a single character
+        {"\x82\x82\x82\x82", 0x82, -1},      {"a\x82\xA0", 0, 3},      {"", 0, 0},
+        {"a\x82\xA0\x82", 0x82, 3},  // half a character is one of its own at the end
+        {"\x82\x82\x82", 0x82, 2},           {"a\x82", 0x8200, -1},    {"\x82\xB1\xB1", 0xB1, 2},
     };
     for (const FindCase& c : kCases) ExpectFound(c);
 }

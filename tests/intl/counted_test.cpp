@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 #include <morvl15/intl.h>
@@ -13,159 +14,121 @@ namespace {
 
 constexpr int32_t kMin = INT32_MIN;
 constexpr int32_t kMax = INT32_MAX;
+constexpr char kText[] = "a\x82\xA0z";
 
 // ---- left and right -----------------------------------------------------------------------------------------------
 
-using LeftOrRight = int32_t(MORVL_CALL*)(char*, const char*, int32_t);
 struct EndCase {
-    int line;
-    LeftOrRight operation;
     const char* source;
     int32_t count;
     const char* want;
     int32_t result;
 };
 
-void ExpectEnds(const EndCase& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, c.source);
-    Destination destination;
-    EXPECT_EQ(c.operation(destination, c.source, c.count), c.result);
-    EXPECT_EQ(destination.Text(), c.want);
-    EXPECT_TRUE(destination.UntouchedBehindText());
+void ExpectEnds(int32_t(MORVL_CALL* operation)(char*, const char*, int32_t), std::span<const EndCase> cases) {
+    for (const EndCase& c : cases) {
+        const testing::ScopedTrace row(__FILE__, __LINE__, c.source + std::to_string(c.count));
+        Destination destination;
+        EXPECT_EQ(operation(destination, c.source, c.count), c.result);
+        EXPECT_EQ(destination.Written(), c.want);
+    }
 }
 
 TEST(Counted, LeftAndRight) {
-    const EndCase cases[] = {
-        {__LINE__, IntlStrLeft, "abc", 2, "ab", 2},        {__LINE__, IntlStrLeft, "abc", 3, "abc", 3},
-        {__LINE__, IntlStrLeft, "abc", kMax, "abc", 3},    {__LINE__, IntlStrLeft, "abc", 0, "", 0},
-        {__LINE__, IntlStrLeft, "abc", kMin, "", 0},       {__LINE__, IntlStrLeft, "", 5, "", 0},
-        {__LINE__, IntlStrLeft, "\x82\xA0", 1, "\x82", 1}, {__LINE__, IntlStrLeftB, "\x82\xA0", 1, "\x82", 1},
-        {__LINE__, IntlStrRight, "abc", 2, "bc", 2},       {__LINE__, IntlStrRight, "abc", 4, "abc", 3},
-        {__LINE__, IntlStrRight, "abc", kMax, "abc", 3},   {__LINE__, IntlStrRight, "abc", 0, "", 0},
-        {__LINE__, IntlStrRight, "abc", kMin, "", 0},      {__LINE__, IntlStrRight, "", 2, "", 0},
-        {__LINE__, IntlStrRightB, "abc", 1, "c", 1},
+    constexpr EndCase kLeft[] = {
+        {"abc", 2, "ab", 2},  {"abc", 3, "abc", 3}, {"abc", kMax, "abc", 3},    {"abc", 0, "", 0},
+        {"abc", kMin, "", 0}, {"", 5, "", 0},       {"\x82\xA0", 1, "\x82", 1},
     };
-    for (const EndCase& c : cases) ExpectEnds(c);
+    constexpr EndCase kRight[] = {
+        {"abc", 2, "bc", 2},  {"abc", 4, "abc", 3}, {"abc", kMax, "abc", 3},    {"abc", 0, "", 0},
+        {"abc", kMin, "", 0}, {"", 2, "", 0},       {"\x82\xA0", 1, "\xA0", 1},
+    };
+    ExpectEnds(IntlStrLeft, kLeft);
+    ExpectEnds(IntlStrLeftB, kLeft);
+    ExpectEnds(IntlStrRight, kRight);
+    ExpectEnds(IntlStrRightB, kRight);
 }
 
 TEST(CountedJapanese, LeftAndRight) {
     const TestLanguage language(kJapanese);
-    const char* text =
-        "a\x82\xA0"
-        "b";
-    const EndCase cases[] = {
-        {__LINE__, IntlStrLeft, text, 2, "a\x82\xA0", 2},
-        {__LINE__, IntlStrLeft, text, kMax, text, 3},
-        {__LINE__, IntlStrLeft, text, 0, "", 0},
-        {__LINE__, IntlStrLeft, text, -1, "", 0},
-        {__LINE__, IntlStrLeft, "\x82\xA0\x82", 2, "\x82\xA0\x82", 2},  // half a character at the end counts as one
-        {__LINE__, IntlStrLeftB, text, 2, "a ", 2},
-        {__LINE__, IntlStrLeftB, text, 3, "a\x82\xA0", 3},
-        {__LINE__, IntlStrLeftB, text, kMax, text, 4},
-        {__LINE__, IntlStrLeftB, text, kMin, "", 0},
-        {__LINE__, IntlStrLeftB, "a\x82", 2, "a\x82", 2},
-        {__LINE__, IntlStrLeftB, "\x82\x82\x82\x82", 3, "\x82\x82 ", 3},
-        {__LINE__, IntlStrRight, text, 2,
-         "\x82\xA0"
-         "b",
-         2},
-        {__LINE__, IntlStrRight, text, kMax, text, 3},
-        {__LINE__, IntlStrRight, text, kMin, "", 0},
-        {__LINE__, IntlStrRight, "", 1, "", 0},
-        {__LINE__, IntlStrRightB, text, 2, " b", 2},
-        {__LINE__, IntlStrRightB, text, 3,
-         "\x82\xA0"
-         "b",
-         3},
-        {__LINE__, IntlStrRightB, text, kMax, text, 4},
-        {__LINE__, IntlStrRightB, text, 0, "", 0},
-        {__LINE__, IntlStrRightB, "", 1, "", 0},
-        {__LINE__, IntlStrRightB, "\x82\xA0", 1, " ", 1},
+    constexpr EndCase kLeft[] = {
+        {kText, kMax, kText, 3}, {kText, 2, "a\x82\xA0", 2},
+        {kText, 0, "", 0},       {kText, -1, "", 0},
+        {"", 1, "", 0},          {"\x82\xA0\x82", 2, "\x82\xA0\x82", 2},  // half a character at the end counts as one
     };
-    for (const EndCase& c : cases) ExpectEnds(c);
+    constexpr EndCase kLeftB[] = {
+        {kText, 2, "a ", 2},  {kText, 3, "a\x82\xA0", 3}, {kText, kMax, kText, 4},
+        {kText, kMin, "", 0}, {"a\x82", 2, "a\x82", 2},   {"\x82\x82\x82\x82", 3, "\x82\x82 ", 3},
+    };
+    constexpr EndCase kRight[] = {
+        {kText, 2, "\x82\xA0z", 2},
+        {kText, kMax, kText, 3},
+        {kText, kMin, "", 0},
+        {"", 1, "", 0},
+    };
+    constexpr EndCase kRightB[] = {
+        {kText, 2, " z", 2}, {kText, 3, "\x82\xA0z", 3}, {kText, kMax, kText, 4}, {kText, 0, "", 0},
+        {"", 1, "", 0},      {"\x82\xA0", 1, " ", 1},
+    };
+    ExpectEnds(IntlStrLeft, kLeft);
+    ExpectEnds(IntlStrLeftB, kLeftB);
+    ExpectEnds(IntlStrRight, kRight);
+    ExpectEnds(IntlStrRightB, kRightB);
 }
 
 // ---- mid ----------------------------------------------------------------------------------------------------------
 
-using Mid = int32_t(MORVL_CALL*)(char*, const char*, int32_t, int32_t);
 struct MidCase {
-    int line;
-    Mid operation;
     int32_t start;
     int32_t count;
     const char* want;
     int32_t result;
 };
 
-void ExpectMid(const char* source, const MidCase& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, source);
-    Destination destination;
-    EXPECT_EQ(c.operation(destination, source, c.start, c.count), c.result);
-    EXPECT_EQ(destination.Text(), c.want);
-    EXPECT_TRUE(destination.UntouchedBehindText());
-    if (c.start >= 0) {  // over itself the source gives the same
-        Destination same;
-        std::string(source).copy(same, std::string::npos);
-        same[std::string(source).size()] = '\0';
-        EXPECT_EQ(c.operation(same, same, c.start, c.count), c.result);
-        EXPECT_EQ(same.Text(), c.want);
+void ExpectMid(int32_t(MORVL_CALL* operation)(char*, const char*, int32_t, int32_t), const char* source,
+               std::span<const MidCase> cases) {
+    for (const MidCase& c : cases) {
+        const testing::ScopedTrace row(__FILE__, __LINE__, std::to_string(c.start) + ", " + std::to_string(c.count));
+        Destination destination;
+        EXPECT_EQ(operation(destination, source, c.start, c.count), c.result);
+        EXPECT_EQ(destination.Written(), c.want);
+        std::string same = source;
+        EXPECT_EQ(operation(same.data(), same.data(), c.start, c.count), c.result);
+        EXPECT_STREQ(same.c_str(), c.want);
     }
 }
 
 TEST(Counted, Mid) {
     constexpr MidCase kCases[] = {
-        {__LINE__, IntlStrMid, 1, 1, "b", 1},      {__LINE__, IntlStrMid, 1, kMax, "bc", 2},
-        {__LINE__, IntlStrMid, kMin, 2, "ab", 2},  {__LINE__, IntlStrMid, 3, 1, "", 0},
-        {__LINE__, IntlStrMid, kMax, kMax, "", 0}, {__LINE__, IntlStrMid, 1, -1, "", 0},
-        {__LINE__, IntlStrMid, 1, 0, "", 0},       {__LINE__, IntlStrMidB, 1, 1, "b", 1},
-        {__LINE__, IntlStrMidB, 2, kMax, "c", 1},  {__LINE__, IntlStrMidB, kMax, 1, "", 0},
-        {__LINE__, IntlStrMid, kMin, kMin, "", 0}, {__LINE__, IntlStrMid, 0, 3, "abc", 3},
+        {1, 1, "b", 1}, {1, kMax, "bc", 2}, {kMin, 2, "ab", 2}, {3, 1, "", 0},    {kMax, kMax, "", 0}, {1, -1, "", 0},
+        {1, 0, "", 0},  {2, kMax, "c", 1},  {kMax, 1, "", 0},   {0, 3, "abc", 3}, {kMin, kMin, "", 0},
     };
-    for (const MidCase& c : kCases) ExpectMid("abc", c);
+    ExpectMid(IntlStrMid, "abc", kCases);
+    ExpectMid(IntlStrMidB, "abc", kCases);
 }
 
 TEST(CountedJapanese, Mid) {
     const TestLanguage language(kJapanese);
-    constexpr MidCase kCases[] = {
-        {__LINE__, IntlStrMid, 1, 1, "\x82\xA0", 1},
-        {__LINE__, IntlStrMid, -1, 2, "a\x82\xA0", 2},
-        {__LINE__, IntlStrMid, 1, kMax,
-         "\x82\xA0"
-         "b",
-         2},
-        {__LINE__, IntlStrMid, 1, 0, "", 0},
-        {__LINE__, IntlStrMid, 1, -1, "", 0},
-        {__LINE__, IntlStrMid, 3, 1, "", 0},
-        {__LINE__, IntlStrMid, kMax, kMax, "", 0},
-        {__LINE__, IntlStrMidB, 1, 1, " ", 1},  // a lead byte with room for one
-        {__LINE__, IntlStrMidB, 2, 1, " ", 1},  // a trail byte
-        {__LINE__, IntlStrMidB, 2, 2, " b", 2},
-        {__LINE__, IntlStrMidB, 0, 2, "a ", 2},
-        {__LINE__, IntlStrMidB, 1, 2, "\x82\xA0", 2},
-        {__LINE__, IntlStrMidB, -5, 3, "a\x82\xA0", 3},
-        {__LINE__, IntlStrMidB, 4, 1, "", 0},
-        {__LINE__, IntlStrMidB, kMax, 1, "", 0},
-        {__LINE__, IntlStrMidB, 1, -1, "", 0},
-        {__LINE__, IntlStrMidB, 0, kMax,
-         "a\x82\xA0"
-         "b",
-         4},
+    constexpr MidCase kCharacters[] = {
+        {1, 1, "\x82\xA0", 1}, {-1, 2, "a\x82\xA0", 2}, {1, kMax, "\x82\xA0z", 2}, {1, 0, "", 0},
+        {1, -1, "", 0},        {3, 1, "", 0},           {kMax, kMax, "", 0},
     };
-    for (const MidCase& c : kCases)
-        ExpectMid(
-            "a\x82\xA0"
-            "b",
-            c);
-    ExpectMid("\x82\xA0\x83\x5C", {__LINE__, IntlStrMidB, 1, 2, "  ", 2});  // a half at both ends
-    ExpectMid("\x82\xA0\x82", {__LINE__, IntlStrMidB, 1, 2, " \x82", 2});
+    constexpr MidCase kBytes[] = {
+        {1, 1, " ", 1},                                                              // a lead byte with room for one
+        {1, 2, "\x82\xA0", 2},   {2, 2, " z", 2}, {0, 2, "a ", 2},  {2, 1, " ", 1},  // a trail byte
+        {-5, 3, "a\x82\xA0", 3}, {4, 1, "", 0},   {kMax, 1, "", 0}, {1, -1, "", 0}, {0, kMax, kText, 4},
+    };
+    constexpr MidCase kHalfAtBothEnds[] = {{1, 2, "  ", 2}};
+    constexpr MidCase kHalfOfTheSource[] = {{1, 2, " \x82", 2}};
+    ExpectMid(IntlStrMid, kText, kCharacters);
+    ExpectMid(IntlStrMidB, kText, kBytes);
+    ExpectMid(IntlStrMidB, "\x82\xA0\x83\x5C", kHalfAtBothEnds);
+    ExpectMid(IntlStrMidB, "\x82\xA0\x82", kHalfOfTheSource);
 }
 
 // ---- replace ------------------------------------------------------------------------------------------------------
 
-using Replace = int32_t(MORVL_CALL*)(char*, const char*, const char*, int32_t, int32_t);
 struct ReplaceCase {
-    int line;
-    Replace operation;
     const char* source;
     const char* insertion;
     int32_t position;
@@ -174,76 +137,55 @@ struct ReplaceCase {
     int32_t result;
 };
 
-void ExpectReplaced(const ReplaceCase& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, c.source);
-    Destination destination;
-    EXPECT_EQ(c.operation(destination, c.source, c.insertion, c.position, c.count), c.result);
-    EXPECT_EQ(destination.Text(), c.want);
-    EXPECT_TRUE(destination.UntouchedBehindText());
+void ExpectReplaced(int32_t(MORVL_CALL* operation)(char*, const char*, const char*, int32_t, int32_t),
+                    std::span<const ReplaceCase> cases) {
+    for (const ReplaceCase& c : cases) {
+        const testing::ScopedTrace row(__FILE__, __LINE__, c.want);
+        Destination destination;
+        EXPECT_EQ(operation(destination, c.source, c.insertion, c.position, c.count), c.result);
+        EXPECT_EQ(destination.Written(), c.want);
+    }
 }
 
 TEST(Counted, Replace) {
     constexpr ReplaceCase kCases[] = {
-        {__LINE__, IntlStrReplace, "abcd", "xyz", 1, 2, "axyzd", 5},
-        {__LINE__, IntlStrReplace, "abcd", "x", 9, 9, "abcdx", 5},     // past the end: appends
-        {__LINE__, IntlStrReplace, "abcd", "x", 2, kMin, "abxcd", 5},  // only inserts
-        {__LINE__, IntlStrReplace, "abcd", "x", 2, kMax, "abx", 3},    // drops the tail
-        {__LINE__, IntlStrReplace, "abcd", "x", kMin, 1, "xbcd", 4},
-        {__LINE__, IntlStrReplace, "abcd", "", 1, 2, "ad", 2},
-        {__LINE__, IntlStrReplace, "abcd", "", 0, kMax, "", 0},
-        {__LINE__, IntlStrReplace, "abcd", "x", kMax, kMax, "abcdx", 5},
-        {__LINE__, IntlStrReplaceB, "abcd", "x", 1, 1, "axcd", 4},
-        {__LINE__, IntlStrReplace, "", "x", 0, 0, "x", 1},
+        {"abcd", "x", 9, 9, "abcdx", 5},                                          // past the end: appends
+        {"abcd", "x", 2, kMin, "abxcd", 5},                                       // only inserts
+        {"abcd", "xyz", 1, 2, "axyzd", 5},     {"abcd", "x", 2, kMax, "abx", 3},  // drops the tail
+        {"abcd", "x", kMin, 1, "xbcd", 4},     {"abcd", "", 1, 2, "ad", 2},      {"abcd", "", 0, kMax, "", 0},
+        {"abcd", "x", kMax, kMax, "abcdx", 5}, {"abcd", "x", 1, 1, "axcd", 4},   {"", "x", 0, 0, "x", 1},
     };
-    for (const ReplaceCase& c : kCases) ExpectReplaced(c);
+    ExpectReplaced(IntlStrReplace, kCases);
+    ExpectReplaced(IntlStrReplaceB, kCases);
 }
 
 TEST(CountedJapanese, Replace) {
     const TestLanguage language(kJapanese);
-    const char* text =
-        "a\x82\xA0"
-        "b";
-    const ReplaceCase cases[] = {
-        {__LINE__, IntlStrReplace, text, "\x83\x5C\x83\x5C", 1, 1,
-         "a\x83\x5C\x83\x5C"
-         "b",
-         4},
-        {__LINE__, IntlStrReplace, text, "x", 9, 0,
-         "a\x82\xA0"
-         "bx",
-         4},
-        {__LINE__, IntlStrReplace, text, "x", 2, -1, "a\x82\xA0xb", 4},
-        {__LINE__, IntlStrReplace, text, "x", 1, kMax, "ax", 2},
-        {__LINE__, IntlStrReplace, text, "\x82", 1, 1,
-         "a\x82"
-         "b",
-         2},  // the half and the "b" are one character now
-        {__LINE__, IntlStrReplaceB, text, "x", 2, 0, "a x b", 5},
-        {__LINE__, IntlStrReplaceB, text, "x", 1, 1, "ax b", 4},
-        {__LINE__, IntlStrReplaceB, text, "x", 1, 2, "axb", 3},
-        {__LINE__, IntlStrReplaceB, text, "x", 2, 1, "a xb", 4},
-        {__LINE__, IntlStrReplaceB, text, "x", kMax, kMax,
-         "a\x82\xA0"
-         "bx",
-         5},
-        {__LINE__, IntlStrReplaceB, text, "x", -1, 2, "x b", 3},
-        {__LINE__, IntlStrReplaceB, "\x82\xA0", "", 0, 1, " ", 1},
-        {__LINE__, IntlStrReplaceB, "", "x", 0, 0, "x", 1},
+    constexpr ReplaceCase kCharacters[] = {
+        {kText, "x", 9, 0, "a\x82\xA0zx", 4},  {kText, "\x83\x5C\x83\x5C", 1, 1, "a\x83\x5C\x83\x5Cz", 4},
+        {kText, "\x82", 1, 1, "a\x82z", 2},  // the half and the "z" are one character now
+        {kText, "x", 1, kMax, "ax", 2},        {"", "x", 0, 0, "x", 1},
+        {kText, "x", 2, -1, "a\x82\xA0xz", 4},
     };
-    for (const ReplaceCase& c : cases) ExpectReplaced(c);
+    constexpr ReplaceCase kBytes[] = {
+        {kText, "x", 2, 0, "a x z", 5}, {kText, "x", 1, 1, "ax z", 4}, {kText, "x", 1, 2, "axz", 3},
+        {kText, "x", 2, 1, "a xz", 4},  {kText, "x", -1, 2, "x z", 3}, {kText, "x", kMax, kMax, "a\x82\xA0zx", 5},
+        {"\x82\xA0", "", 0, 1, " ", 1}, {"", "x", 0, 0, "x", 1},
+    };
+    ExpectReplaced(IntlStrReplace, kCharacters);
+    ExpectReplaced(IntlStrReplaceB, kBytes);
 }
 
 // ---- counted copies and comparisons -------------------------------------------------------------------------------
 
 struct CopyCase {
-    int line;
     const char* source;
     uint16_t count;
     std::string written;
 };
 
 void ExpectCopied(const CopyCase& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, c.source);
+    const testing::ScopedTrace row(__FILE__, __LINE__, c.source);
     Destination destination(70000);
     EXPECT_EQ(IntlStrnCpy(destination, c.source, c.count), static_cast<char*>(destination));
     EXPECT_EQ(destination.Bytes(c.written.size()), c.written);
@@ -252,11 +194,11 @@ void ExpectCopied(const CopyCase& c) {
 
 TEST(Counted, CopyFillsTheCount) {
     const CopyCase cases[] = {
-        {__LINE__, "abc", 0, ""},
-        {__LINE__, "abc", 2, "ab"},
-        {__LINE__, "abc", 3, "abc"},
-        {__LINE__, "abc", 5, std::string("abc\0\0", 5)},
-        {__LINE__, "", 65535, std::string(65535, '\0')},
+        {"abc", 0, ""},
+        {"abc", 2, "ab"},
+        {"abc", 3, "abc"},
+        {"abc", 5, std::string("abc\0\0", 5)},
+        {"", 65535, std::string(65535, '\0')},
     };
     for (const CopyCase& c : cases) ExpectCopied(c);
 }
@@ -264,29 +206,9 @@ TEST(Counted, CopyFillsTheCount) {
 TEST(CountedJapanese, CopyFillsTheCount) {
     const TestLanguage language(kJapanese);
     const CopyCase cases[] = {
-        {__LINE__,
-         "a\x82\xA0"
-         "b",
-         0, ""},
-        {__LINE__,
-         "a\x82\xA0"
-         "b",
-         2, "a\x82\xA0"},
-        {__LINE__,
-         "a\x82\xA0"
-         "b",
-         3,
-         "a\x82\xA0"
-         "b"},
-        {__LINE__,
-         "a\x82\xA0"
-         "b",
-         4,
-         std::string("a\x82\xA0"
-                     "b\0",
-                     5)},
-        {__LINE__, "\x82\xA0", 4, std::string("\x82\xA0\0\0\0", 5)},
-        {__LINE__, "a\x82", 3, std::string("a\x82\0", 3)},
+        {"a\x82\xA0z", 2, "a\x82\xA0"},          {"a\x82\xA0z", 0, ""},
+        {"a\x82\xA0z", 3, "a\x82\xA0z"},         {"a\x82\xA0z", 4, std::string("a\x82\xA0z\0", 5)},
+        {"a\x82", 3, std::string("a\x82\0", 3)}, {"\x82\xA0", 4, std::string("\x82\xA0\0\0\0", 5)},
     };
     for (const CopyCase& c : cases) ExpectCopied(c);
 }

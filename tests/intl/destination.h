@@ -18,7 +18,8 @@ class Destination {
     std::string Bytes(size_t count) const { return bytes_.substr(0, count); }
     // Whether nothing was written from this byte on.
     bool UntouchedFrom(size_t at) const { return bytes_.find_first_not_of(kPattern, at) == std::string::npos; }
-    bool UntouchedBehindText() const { return UntouchedFrom(bytes_.find('\0') + 1); }
+    // The text, and a remark if anything was written behind its terminator.
+    std::string Written() const { return Text() + (UntouchedFrom(bytes_.find('\0') + 1) ? "" : " and more"); }
 
   private:
     static constexpr char kPattern = '\xA5';

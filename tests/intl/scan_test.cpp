@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include <morvl15/intl.h>
 
@@ -10,65 +11,34 @@
 namespace {
 
 struct ScanCase {
-    int line;
     const char* text;
     const char* pattern;
     int32_t want;
 };
 
 void ExpectScans(const ScanCase& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, c.text);
-    EXPECT_EQ(IntlStrScan(c.text, c.pattern), c.want) << c.pattern;
+    EXPECT_EQ(IntlStrScan(c.text, c.pattern), c.want) << c.text << " for " << c.pattern;
 }
 
 // The same in both kinds of text.
 constexpr ScanCase kPlainScans[] = {
-    {__LINE__, "abcabd", "abd", 3},
-    {__LINE__, "abcabd", "a%d", 0},
-    {__LINE__, "abab", "a%bc", -1},
-    {__LINE__, "x", "_", -1},  // only a character behind it makes a start
-    {__LINE__, "xy", "_", 0},
-    {__LINE__, "xyz", "_z", 1},
-    {__LINE__, "xy", "___", 0},
-    {__LINE__, "ab", "ab_", 0},
-    {__LINE__, "x", "_x", -1},
-    {__LINE__, "ab", "_z", -1},
-    {__LINE__, "abc", "%", 0},
-    {__LINE__, "abc", "b%", 1},
-    {__LINE__, "abc", "c%d", -1},
-    {__LINE__, "XYZ", "y", 1},
-    {__LINE__, "a%b", "a\\%b", 0},
-    {__LINE__, "aXb", "a\\_b", -1},
-    {__LINE__, "a_b", "a\\_b", 0},
-    {__LINE__, "a\\b", "\\\\b", 1},
-    {__LINE__, "", "", 0},
-    {__LINE__, "", "%", -1},
-    {__LINE__, "", "a", -1},
-    {__LINE__, "a", "", -1},
-    {__LINE__, "ab", "b\\", 1},  // a lone backslash ends the pattern
-    {__LINE__, "ab", "\\", -1},
-    {__LINE__, "ab", "%\\", 0},
-    {__LINE__, "0.00E+00", "0.%E_0%", 0},
-    {__LINE__, "0.00e-000", "0.%e_0%", 0},
-    {__LINE__, "0.0#E00", "0.%E_0%", 0},
-    {__LINE__, "0.00E", "0.%E_0%", -1},
-    {__LINE__, "#0.00E+00", "0.%E_0%", 1},
-    {__LINE__, "aXbaYc", "a%bYc", -1},  // a failed attempt resumes behind the "b" that it found
-    {__LINE__, "aXbabYc", "a%bYc", 0},
-    {__LINE__, "abbbc", "a%bbc", 0},
-    {__LINE__, "xab", "%a_", 0},
-    {__LINE__, "xa", "%a_", 0},
-    {__LINE__, "aab", "ab", 1},
-    {__LINE__, "aaa", "ab", -1},
-    {__LINE__, "abcd", "%b%d", 0},
-    {__LINE__, "abcd", "%d%b", -1},
-    {__LINE__, "abcd", "b_d", 1},
-    {__LINE__, "abcd", "bd", -1},
+    {"abcabd", "abd", 3},       {"x", "_", -1},  // only a character behind it makes a start
+    {"abab", "a%bc", -1},       {"abcabd", "a%d", 0},    {"xy", "_", 0},       {"xyz", "_z", 1},
+    {"xy", "___", 0},           {"ab", "ab_", 0},        {"x", "_x", -1},      {"ab", "_z", -1},
+    {"abc", "b%", 1},           {"abc", "c%d", -1},      {"abc", "%", 0},      {"XYZ", "y", 1},
+    {"a%b", "a\\%b", 0},        {"a_b", "a\\_b", 0},     {"aXb", "a\\_b", -1}, {"a\\b", "\\\\b", 1},
+    {"ab", "\\", -1},           {"", "%", -1},           {"", "a", -1},        {"", "", 0},
+    {"ab", "b\\", 1},  // a lone backslash ends the pattern
+    {"0.00E+00", "0.%E_0%", 0}, {"ab", "%\\", 0},        {"a", "", -1},        {"0.00e-000", "0.%e_0%", 0},
+    {"0.0#E00", "0.%E_0%", 0},  {"abbbc", "a%bbc", 0},   {"xa", "%a_", 0},     {"#0.00E+00", "0.%E_0%", 1},
+    {"aXbabYc", "a%bYc", 0},    {"xab", "%a_", 0},       {"aab", "ab", 1},     {"0.00E", "0.%E_0%", -1},
+    {"aaa", "ab", -1},          {"aXbaYc", "a%bYc", -1},  // a failed attempt resumes behind the "b" that it found
+    {"abcd", "%b%d", 0},        {"abcd", "%d%b", -1},    {"abcd", "b_d", 1},   {"abcd", "bd", -1},
 };
 
 TEST(Scan, Patterns) {
     for (const ScanCase& c : kPlainScans) ExpectScans(c);
-    ExpectScans({__LINE__, "\xC4X", "\xE4x", 0});
+    ExpectScans({"\xC4X", "\xE4x", 0});
     EXPECT_EQ(IntlStrScan(nullptr, "a"), -1);
     EXPECT_EQ(IntlStrScan("a", nullptr), -1);
 }
@@ -77,24 +47,13 @@ TEST(ScanJapanese, Patterns) {
     const TestLanguage language(kJapanese);
     for (const ScanCase& c : kPlainScans) ExpectScans(c);
     constexpr ScanCase kCases[] = {
-        {__LINE__,
-         "\x82\xA0"
-         "b",
-         "b", 1},                         // in characters
-        {__LINE__, "\x83\x61", "a", -1},  // a trail byte is no letter
-        {__LINE__, "\x83\x5C%", "\x83\x5C\\%", 0},
-        {__LINE__, "\x83\x5F", "\\_", -1},
-        {__LINE__, "x\x83\x5F", "\x83\x5F", 1},  // nor a wild card
-        {__LINE__, "\x82\x60\x82\x61", "\x82\x82", 1},
-        {__LINE__, "\x82\x81", "\x82\x60", 0},
-        {__LINE__, "\x82\xA0\x82\xA2", "_\x82\xA2", 0},
-        {__LINE__, "\x82\xA0\x82\xA2\x82\xA4", "\x82\xA0%\x82\xA4", 0},
-        {__LINE__,
-         "a\x82\xA0\x82\xA2"
-         "b\x82\xA0\x82\xA4",
-         "\x82\xA0\x82\xA4", 4},
-        {__LINE__, "ab\x82", "b\x82", 1},
-        {__LINE__, "\x82\xA0\x82", "\x82", 1},
+        {"\x82\xA0z", "z", 1},                                          // in characters
+        {"\x83\x61", "a", -1},                                          // a trail byte is no letter
+        {"\x83\x5C%", "\x83\x5C\\%", 0}, {"x\x83\x5F", "\x83\x5F", 1},  // nor a wild card
+        {"\x83\x5F", "\\_", -1},         {"\x82\x60\x82\x61", "\x82\x82", 1},
+        {"\x82\x81", "\x82\x60", 0},     {"\x82\xA0\x82\xA2", "_\x82\xA2", 0},
+        {"ab\x82", "b\x82", 1},          {"\x82\xA0\x82\xA2\x82\xA4", "\x82\xA0%\x82\xA4", 0},
+        {"\x82\xA0\x82", "\x82", 1},     {"a\x82\xA0\x82\xA2z\x82\xA0\x82\xA4", "\x82\xA0\x82\xA4", 4},
     };
     for (const ScanCase& c : kCases) ExpectScans(c);
 }
@@ -111,31 +70,13 @@ TEST(Scan, Set) {
 
 TEST(ScanJapanese, Set) {
     const TestLanguage language(kJapanese);
-    const char* text =
-        "\x83\x61\x82\xA0"
-        "a\x83\x62\xB1\x82";
-    struct SetCase {
-        int line;
-        const char* set;
-        int32_t at;
+    const char* text = "\x83\x61\x82\xA0\x61\x83\x62\xB1\x82";
+    constexpr std::pair<const char*, int32_t> kCases[] = {
+        {"a", 4},    {"xa\x82\xA0y", 2}, {"\x83\x62\x61", 4}, {"\x83\x62", 5},  {"\x61\x83", 4},         {"\xB1", 7},
+        {"\x82", 8}, {"bc", -1},         {"\x61\x82", 4},     {"\x83\x61z", 0}, {"\x82\xA0\x83\x62", 2},
     };
-    constexpr SetCase kCases[] = {
-        {__LINE__, "a", 4},
-        {__LINE__, "xa\x82\xA0y", 2},
-        {__LINE__,
-         "\x83\x62"
-         "a",
-         4},
-        {__LINE__, "\x83\x62", 5},
-        {__LINE__, "\xB1", 7},
-        {__LINE__, "\x61\x83", 4},
-        {__LINE__, "\x82", 8},
-        {__LINE__, "bc", -1},
-        {__LINE__, "\x61\x82", 4},
-        {__LINE__, "\x83\x61z", 0},
-    };
-    for (const SetCase& c : kCases) {
-        EXPECT_EQ(IntlStrSearch(text, c.set), c.at >= 0 ? text + c.at : nullptr) << c.line;
+    for (const auto& [set, at] : kCases) {
+        EXPECT_EQ(IntlStrSearch(text, set), at >= 0 ? text + at : nullptr) << set;
     }
 }
 

@@ -20,10 +20,7 @@ TEST(WalkJapanese, StayInThePage) {
     end[-1] = '\0';
     for (size_t length = 0; length < 200; ++length) {
         char* text = end - 1 - length;
-        if (length > 0)
-            *text =
-                "\x82\xA0"
-                "a\x82"[length % 4];
+        if (length > 0) *text = "\x82\xA0z\x82"[length % 4];
         ExpectSameWalks(text);
     }
     munmap(pages, 2 * page);

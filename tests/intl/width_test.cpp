@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
 
 #include <morvl15/intl.h>
 
@@ -15,40 +16,37 @@
 namespace {
 
 struct WidthCase {
-    int line;
     const char* half;
     const char* full;
     const char* back;  // the full-width text in half width
 };
 constexpr WidthCase kWidths[] = {
-    {__LINE__, "", "", ""},
-    {__LINE__, "\xB6\xDE", "\x83\x4B", "\xB6\xDE"},
-    {__LINE__, "\xCA\xDF", "\x83\x70", "\xCA\xDF"},
-    {__LINE__, "\xB3\xDE", "\x83\x94", "\xB3\xDE"},
-    {__LINE__, "\xB1\xDE", "\x83\x41\x81\x4A", "\xB1\xDE"},  // a base that has no voiced form
-    {__LINE__, "\xB6\xDF", "\x83\x4A\x81\x4B", "\xB6\xDF"},
-    {__LINE__, "\xDE\xDF\xDE", "\x81\x4A\x81\x4B\x81\x4A", "\xDE\xDF\xDE"},
-    {__LINE__, "\xB6\xDE\xDE", "\x83\x4B\x81\x4A", "\xB6\xDE\xDE"},
-    {__LINE__, "\xB6\xB6\xDE", "\x83\x4A\x83\x4B", "\xB6\xB6\xDE"},
-    {__LINE__, "\x5C ~", "\x81\x8F\x81\x40\x81\x60", "\x5C ~"},
-    {__LINE__, "a\tB\r\n9", "\x82\x81\t\x82\x61\r\n\x82\x58", "a\tB\r\n9"},
-    {__LINE__, "\x7F\x80\xA0\xFD\xFF", "\x7F\x80\xA0\xFD\xFF", "\x7F\x80\xA0\xFD\xFF"},
-    {__LINE__, "\x82\xA0\x88\x9F\xB1", "\x82\xA0\x88\x9F\x83\x41", "\x82\xA0\x88\x9F\xB1"},
-    {__LINE__, "\x83\x8E\x83\x95\x83\x96", "\x83\x8E\x83\x95\x83\x96", "\xDC\xB6\xB9"},  // small kana
-    {__LINE__, "\x82\xB6\xDE", "\x82\xB6\x81\x4A", "\x82\xB6\xDE"},  // the kana byte is a trail byte
-    {__LINE__, "a\x83", "\x82\x81\x83", "a\x83"},
+    {"", "", ""},
+    {"\xB6\xDE", "\x83\x4B", "\xB6\xDE"},
+    {"\xCA\xDF", "\x83\x70", "\xCA\xDF"},
+    {"\xB3\xDE", "\x83\x94", "\xB3\xDE"},
+    {"\xB1\xDE", "\x83\x41\x81\x4A", "\xB1\xDE"},  // a base that has no voiced form
+    {"\xB6\xDF", "\x83\x4A\x81\x4B", "\xB6\xDF"},
+    {"\xB6\xB6\xDE", "\x83\x4A\x83\x4B", "\xB6\xB6\xDE"},
+    {"\xB6\xDE\xDE", "\x83\x4B\x81\x4A", "\xB6\xDE\xDE"},
+    {"\x5C ~", "\x81\x8F\x81\x40\x81\x60", "\x5C ~"},
+    {"a\x83", "\x82\x81\x83", "a\x83"},
+    {"\x82\xB6\xDE", "\x82\xB6\x81\x4A", "\x82\xB6\xDE"},  // the kana byte is a trail byte
+    {"\xDE\xDF\xDE", "\x81\x4A\x81\x4B\x81\x4A", "\xDE\xDF\xDE"},
+    {"a\tB\r\n9", "\x82\x81\t\x82\x61\r\n\x82\x58", "a\tB\r\n9"},
+    {"\x7F\x80\xA0\xFD\xFF", "\x7F\x80\xA0\xFD\xFF", "\x7F\x80\xA0\xFD\xFF"},
+    {"\x82\xA0\x88\x9F\xB1", "\x82\xA0\x88\x9F\x83\x41", "\x82\xA0\x88\x9F\xB1"},
+    {"\x83\x8E\x83\x95\x83\x96", "\x83\x8E\x83\x95\x83\x96", "\xDC\xB6\xB9"},  // small kana
 };
 
 void ExpectBothWays(const WidthCase& c) {
-    const testing::ScopedTrace row(__FILE__, c.line, c.half);
+    const testing::ScopedTrace row(__FILE__, __LINE__, c.half);
     Destination full;
     EXPECT_EQ(IntlStrJapanFull(full, c.half), IntlStrLen(c.full));
-    EXPECT_EQ(full.Text(), c.full);
-    EXPECT_TRUE(full.UntouchedBehindText());
+    EXPECT_EQ(full.Written(), c.full);
     Destination half;
     EXPECT_EQ(IntlStrJapanHalf(half, full), IntlStrLen(c.back));
-    EXPECT_EQ(half.Text(), c.back);
-    EXPECT_TRUE(half.UntouchedBehindText());
+    EXPECT_EQ(half.Written(), c.back);
     EXPECT_EQ(IntlStrJapanHalf(full, full), IntlStrLen(c.back));  // over itself
     EXPECT_EQ(full.Text(), c.back);
 }
@@ -60,11 +58,9 @@ TEST(WidthJapanese, BothWays) {
     std::string half;
     std::string full;
     for (int round = 0; round < 12; ++round) {
-        half +=
-            "\xB6\xDE"
-            "a\x82\xA0\xCA\xDF";
-        full += "\x83\x4B\x82\x81\x82\xA0\x83\x70";
-        ExpectBothWays({__LINE__, half.c_str(), full.c_str(), half.c_str()});
+        half += "\xB6\xDEz\x82\xA0\xCA\xDF";
+        full += "\x83\x4B\x82\x9A\x82\xA0\x83\x70";
+        ExpectBothWays({half.c_str(), full.c_str(), half.c_str()});
     }
 }
 
@@ -79,7 +75,7 @@ TEST(Width, ASingleByteLocaleCopies) {
     }
 }
 
-void ExpectNullsRefused() {
+TEST(Width, NullsAreRefused) {
     Destination destination;
     EXPECT_EQ(IntlStrJapanFull(nullptr, "a"), -1);
     EXPECT_EQ(IntlStrJapanFull(destination, nullptr), -1);
@@ -88,27 +84,13 @@ void ExpectNullsRefused() {
     EXPECT_TRUE(destination.UntouchedFrom(0));
 }
 
-TEST(Width, NullsAreRefused) {
-    ExpectNullsRefused();
-}
-
-TEST(WidthJapanese, NullsAreRefused) {
-    const TestLanguage language(kJapanese);
-    ExpectNullsRefused();
-}
-
 TEST(WidthKorean, TheLengthIsThatOfTheResult) {
     const TestLanguage language(kKorean);
     Destination destination;
     EXPECT_EQ(IntlStrJapanFull(destination, "a\xB0\xA1"), 2);
     EXPECT_EQ(destination.Text(), "\x82\x81\xB0\xA1");
-    EXPECT_EQ(IntlStrJapanHalf(destination,
-                               "\x83\x41"
-                               "a"),
-              1);  // the half-width byte leads a character here
-    EXPECT_EQ(destination.Text(),
-              "\xB1"
-              "a");
+    EXPECT_EQ(IntlStrJapanHalf(destination, "\x83\x41z"), 1);  // the half-width byte leads a character here
+    EXPECT_EQ(destination.Text(), "\xB1z");
 }
 
 TEST(WidthTables, AreInverseButForTheSmallKana) {
@@ -132,17 +114,13 @@ TEST(WidthTables, AreInverseButForTheSmallKana) {
 }
 
 TEST(WidthTables, HalfWidthPairs) {
-    struct PairCase {
-        uint16_t half;
-        uint16_t full;
-    };
-    constexpr PairCase kCases[] = {
+    constexpr std::pair<uint16_t, uint16_t> kCases[] = {
         {0x0000, 0x0000}, {0x09DE, 0x0900}, {0x1FFF, 0x1F00}, {0x2000, 0x8140}, {0x41DE, 0x8260}, {0x7E00, 0x8160},
         {0x7F12, 0x7F12}, {0xA0DE, 0xA0DE}, {0xA100, 0x8142}, {0xB1DE, 0x8341}, {0xB6DE, 0x834B}, {0xB6DF, 0x834A},
         {0xC400, 0x8367}, {0xC4DE, 0x8368}, {0xCADF, 0x8370}, {0xCEDF, 0x837C}, {0xCFDF, 0x837D}, {0xDF00, 0x814B},
         {0xE012, 0xE012}, {0xFC12, 0xFC12}, {0xFD12, 0},      {0xFF00, 0},
     };
-    for (const PairCase& c : kCases) EXPECT_EQ(IntlHalfToFullCode(c.half), c.full) << std::hex << c.half;
+    for (const auto& [half, full] : kCases) EXPECT_EQ(IntlHalfToFullCode(half), full) << std::hex << half;
 }
 
 }  // namespace

@@ -3,11 +3,12 @@
 
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <morvl15/host_native.h>
 
-#include "support/edit_field.h"
+#include "keys.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ uint32_t FailEachAllocation(Act act) {
 TEST(EditWithoutMemory, AKeyIsRefusedAndADeletionDoesNothing) {
     EditField field(kPhone);
     const uint32_t inserting = FailEachAllocation([&field] {
-        field.Fill("(555) 1", 3, 3);
+        Fill(field, "(55|5) 1");
         HostTakeBeeps();
         field.Type('9');
         const bool failed = HostAllocationFailed() != 0;
@@ -38,8 +39,8 @@ TEST(EditWithoutMemory, AKeyIsRefusedAndADeletionDoesNothing) {
     EXPECT_GE(inserting, 3u);  // two work texts, and the mask's own
 
     const uint32_t deleting = FailEachAllocation([&field] {
-        field.Fill("(555) 123-4567", 2, 2);
-        field.Press(VK_DELETE);
+        Fill(field, "(5|55) 123-4567");
+        Strike(field, "Delete");
         EXPECT_EQ(field.Text(), HostAllocationFailed() ? "(555) 123-4567" : "(551) 234-567");
     });
     EXPECT_GE(deleting, 3u);
@@ -66,6 +67,22 @@ TEST(MaskTextWithoutMemory, LeavesTheOutputAlone) {
     EXPECT_STREQ(out, "as it was");
 }
 
+TEST(EditWithoutControl, NothingHappens) {
+    FMTCntlBlock block{};
+    block.Picture = kPhone;
+    block.Flags = FMT_MASK_REAPPLY | FMT_MASK_NOTIFY;
+    static constexpr std::pair<UINT, WPARAM> kRows[] = {
+        {WM_CHAR, '1'},       {WM_CHAR, VK_BACK}, {WM_KEYDOWN, VK_LEFT}, {WM_KEYDOWN, VK_RIGHT},  {WM_KEYDOWN, VK_HOME},
+        {WM_KEYDOWN, VK_END}, {WM_CLEAR, 0},      {WM_SETTEXT, 0},       {FMT_MASK_SHOW_TEXT, 0},
+    };
+    for (const auto& [message, key] : kRows) {
+        block.Message = message;
+        block.WParam = key;
+        block.LParam = reinterpret_cast<LPARAM>("1");
+        EXPECT_EQ(FMTValidateInput(&block), 1) << message << ' ' << key;
+    }
+}
+
 TEST(EditThreads, EachThreadServesItsOwnControl) {
     std::vector<std::thread> threads;
     for (int t = 0; t < 4; ++t) {
@@ -77,8 +94,8 @@ TEST(EditThreads, EachThreadServesItsOwnControl) {
                 const std::string want =
                     "(" + digits.substr(0, 3) + ") " + digits.substr(3, 3) + "-" + digits.substr(6);
                 EXPECT_EQ(field.Text(), want);
-                field.Press(VK_HOME);
-                field.Press(VK_DELETE);
+                Strike(field, "Home");
+                Strike(field, "Delete");
                 EXPECT_EQ(field.Text().size(), want.size() - 1);
             }
         });

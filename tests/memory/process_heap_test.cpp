@@ -16,7 +16,7 @@ bool IsZero(const void* block, size_t from, size_t to) {
 }
 
 TEST(ProcessHeap, BlocksComeZeroed) {
-    for (const uint32_t size : {1u, 7u, 64u, 1000u, 1u << 20}) {
+    for (const uint32_t size : {1u, 7u, 64u, 1000u, 1u << 20, 1u << 20}) {
         void* block = MemAlloc(size);
         ASSERT_NE(block, nullptr);
         EXPECT_EQ(MemSize(block), size);

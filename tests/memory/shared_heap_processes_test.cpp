@@ -1,6 +1,8 @@
 // The shared heap between processes: attaching, handing blocks over, several at work at once, some of them killed.
+#include <array>
 #include <cstdio>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -38,6 +40,7 @@ class SharedHeapProcesses : public SharedHeap {
     static void DropSlots(SharedChurn::Slots* slots) {
         for (uint32_t& slot : *slots) EXPECT_TRUE(SharedChurn::Drop(&slot));
         EXPECT_EQ(MemSharedFree(slots), 1);
+        EXPECT_EQ(MemSharedCheckAll(), 1);
     }
 };
 
@@ -88,7 +91,6 @@ TEST_F(SharedHeapProcesses, TwoAndFourAtOnce) {
         for (uint32_t i = 0; i < count; ++i) Attach(*workers.emplace_back(std::make_unique<Worker>()));
         for (uint32_t i = 0; i < count; ++i) workers[i]->Tell(Words("churn", AddressOf(slots), i, 1500));
         for (auto& worker : workers) EXPECT_EQ(worker->Answer(), "good 0");
-        EXPECT_EQ(MemSharedCheckAll(), 1);
         DropSlots(slots);
         EXPECT_EQ(Header()->top, kBase + 32);  // nothing was left in use
     }
@@ -96,22 +98,15 @@ TEST_F(SharedHeapProcesses, TwoAndFourAtOnce) {
 
 TEST_F(SharedHeapProcesses, OneOfSeveralCreates) {
     MemSharedTerminate();
-    std::vector<std::unique_ptr<Worker>> workers;
-    for (int i = 0; i < 4; ++i) workers.push_back(std::make_unique<Worker>());
+    std::array<Worker, 4> workers;
     for (int round = 0; round < 25; ++round) {
-        for (auto& worker : workers) worker->Tell(Words("init", kSize));
-        int created = 0;
-        for (auto& worker : workers) {
-            const std::string answer = worker->Answer();
-            if (answer == "created 40000000") {
-                ++created;
-            } else {
-                EXPECT_EQ(answer, "found 40000000");
-            }
-        }
-        EXPECT_EQ(created, 1) << "round " << round;
-        for (auto& worker : workers) worker->Tell("terminate");
-        for (auto& worker : workers) EXPECT_EQ(worker->Answer(), "terminated 0");
+        for (Worker& worker : workers) worker.Tell(Words("init", kSize));
+        std::multiset<std::string> answers;
+        for (Worker& worker : workers) answers.insert(worker.Answer());
+        EXPECT_EQ(answers.count("created 40000000"), 1) << "round " << round;
+        EXPECT_EQ(answers.count("found 40000000"), workers.size() - 1) << "round " << round;
+        for (Worker& worker : workers) worker.Tell("terminate");
+        for (Worker& worker : workers) EXPECT_EQ(worker.Answer(), "terminated 0");
     }
 }
 
@@ -134,7 +129,7 @@ TEST_F(SharedHeapProcesses, TheMemoryGoesWithAKilledLastUser) {
     MemSharedTerminate();
     Worker last;
     EXPECT_EQ(last.Ask(Words("init", kSize)), "created 40000000");
-    EXPECT_EQ(last.Ask(Words("fill", kBase, kSize, 0xA5)), Words("filled", kSize).substr(0, 13));
+    last.Ask(Words("fill", kBase, kSize, 0xA5));
     last.Kill();
     Worker next;
     EXPECT_EQ(next.Ask(Words("init", 2 * kSize)), "created 40000000");
@@ -161,7 +156,6 @@ TEST_F(SharedHeapProcesses, TheOthersGoOnWhenOneIsKilled) {
     }
     EXPECT_TRUE(own.End());
     DropSlots(slots);
-    EXPECT_EQ(MemSharedCheckAll(), 1);
 }
 
 }  // namespace

@@ -11,7 +11,6 @@ namespace {
 class SharedHeapSpoiled : public SharedHeap {
   protected:
     std::string Contents() { return std::string(static_cast<const char*>(At(kBase)), Header()->size); }
-    void Restore(const std::string& contents) { std::memcpy(At(kBase), contents.data(), contents.size()); }
 };
 
 TEST_F(SharedHeapSpoiled, FreeingWhatIsNoBlockInUseChangesNothing) {
@@ -22,31 +21,12 @@ TEST_F(SharedHeapSpoiled, FreeingWhatIsNoBlockInUseChangesNothing) {
     Free(blocks[3]);
     Free(blocks[4]);  // merged into the one before
     const std::string contents = Contents();
-    const struct {
-        int line;
-        uint32_t address;
-    } kAddresses[] = {
-        // clang-format off
-        { __LINE__, blocks[1]              },  // free already
-        { __LINE__, blocks[4]              },  // part of a free block; its guard words still stand
-        { __LINE__, blocks[0] + 1          },
-        { __LINE__, blocks[0] - 20         },
-        { __LINE__, 1                      },
-        { __LINE__, kBase                  },
-        { __LINE__, kBase + 20             },
-        { __LINE__, kBase + 52 - 28        },
-        { __LINE__, Header()->top + 20     },
-        { __LINE__, kBase + 2000           },
-        { __LINE__, kBase + kSize + 20     },
-        { __LINE__, 0xFFFFFFFF             },
-        // clang-format on
-    };
-    for (const auto& row : kAddresses) {
-        testing::ScopedTrace trace(__FILE__, row.line, "");
-        EXPECT_EQ(Free(row.address), 0);
-        EXPECT_EQ(Contents(), contents);
-    }
     int local = 0;
+    // The first is free already, the second part of a free block, though its guard words still stand.
+    const uint32_t kAddresses[] = {
+        blocks[1],       blocks[4],          blocks[0] + 1, blocks[0] - 20,     1,         kBase, kBase + 20,
+        kBase + 52 - 28, Header()->top + 20, kBase + 2000,  kBase + kSize + 20, 0xFFFFFFFF};
+    for (const uint32_t address : kAddresses) EXPECT_EQ(Free(address), 0) << address;
     EXPECT_EQ(MemSharedFree(&local), 0);
     EXPECT_EQ(MemSharedCheck(&local), 0);
     EXPECT_EQ(Contents(), contents);
@@ -58,6 +38,15 @@ TEST_F(SharedHeapSpoiled, FreeingWhatIsNoBlockInUseChangesNothing) {
     Free(freed);
     EXPECT_EQ(Free(freed), 0);
     EXPECT_EQ(UsedBlocks().size(), 1u);
+}
+
+TEST_F(SharedHeapSpoiled, WhatAResetHeapHeldIsNotFreedAgain) {
+    const uint32_t blocks[] = {Alloc(112), Alloc(0), Alloc(259)};
+    for (const int i : {2, 0, 1}) EXPECT_EQ(Free(blocks[i]), 1);
+    for (const uint32_t block : blocks) EXPECT_EQ(Free(block), 0);
+    EXPECT_TRUE(FreeBlocks().empty());
+    EXPECT_EQ(Alloc(10), blocks[0]);
+    EXPECT_EQ(MemSharedCheckAll(), 1);
 }
 
 TEST_F(SharedHeapSpoiled, ABlockWithAnOverrunHeadIsNotFreed) {
@@ -112,18 +101,15 @@ TEST_F(SharedHeapSpoiled, NoOperationLeavesTheHeapOrRunsForEver) {
     for (size_t i = 0; i < blocks.size(); i += 3) Free(blocks[i]);
     const std::string whole = Contents();
 
-    const auto anAddress = [&]() -> uint32_t {
-        switch (random() % 4) {
-            case 0: return static_cast<uint32_t>(random());
-            case 1: return static_cast<uint32_t>(kBase + random() % kHeap);
-            case 2: return static_cast<uint32_t>(kBase + kHeap - random() % 40);
-            default: return blocks[random() % blocks.size()] - 20;
-        }
+    const auto pick = [&](const std::vector<uint32_t>& from) { return from[random() % from.size()]; };
+    const auto anAddress = [&] {
+        const auto any = static_cast<uint32_t>(random());
+        return pick({any, kBase + any % kHeap, kBase + kHeap - any % 40, pick(blocks) - 20});
     };
     for (int round = 0; round < 4000; ++round) {
-        Restore(whole);
+        std::memcpy(At(kBase), whole.data(), whole.size());
         for (int i = 0; i < 3; ++i) {
-            auto* block = Block(blocks[random() % blocks.size()]);
+            auto* block = Block(pick(blocks));
             switch (random() % 6) {
                 case 0: block->next = anAddress(); break;
                 case 1: block->prev = anAddress(); break;

@@ -7,19 +7,10 @@
 
 namespace {
 
-using Entries = std::vector<std::pair<uint32_t, uint32_t>>;
-
 class SharedHeapTest : public SharedHeap {
   protected:
-    // The bytes that the words would have in memory, one after the other.
     static bool IsInMemory(uint32_t address, std::initializer_list<uint32_t> words) {
-        const auto* bytes = static_cast<const unsigned char*>(At(address));
-        for (const uint32_t word : words) {
-            for (int shift = 0; shift < 32; shift += 8) {
-                if (*bytes++ != (word >> shift & 0xFF)) return false;
-            }
-        }
-        return true;
+        return std::memcmp(At(address), words.begin(), words.size() * sizeof(uint32_t)) == 0;
     }
 };
 
@@ -45,11 +36,9 @@ TEST_F(SharedHeapTest, BlockByteForByte) {
 
 TEST_F(SharedHeapTest, TheBumpPointerGoesOnUntilTheHeapIsFull) {
     LayOut(1000);
-    for (uint32_t n = 0; n < 7; ++n) {
-        EXPECT_EQ(Alloc(100), kBase + 52 + n * 128);
-        EXPECT_EQ(Header()->top, kBase + 32 + (n + 1) * 128);
-    }
-    const uint32_t rest = 1000 - 32 - 7 * 128;
+    EXPECT_EQ(Alloc(868), kBase + 52);
+    EXPECT_EQ(Header()->top, kBase + 928);
+    const uint32_t rest = 1000 - 928;
     EXPECT_EQ(Alloc(rest - 28 + 1), 0u);
     EXPECT_EQ(Alloc(0xFFFFFFFF), 0u);
     EXPECT_EQ(Alloc(0xFFFFFFE4), 0u);  // with its 28 bytes it would be 0
@@ -59,35 +48,18 @@ TEST_F(SharedHeapTest, TheBumpPointerGoesOnUntilTheHeapIsFull) {
     EXPECT_EQ(MemSharedCheckAll(), 1);
 }
 
-TEST_F(SharedHeapTest, NoBytesAtAllAreABlockToo) {
-    const uint32_t nothing = Alloc(0);
-    EXPECT_EQ(nothing, kBase + 52);
-    EXPECT_EQ(Header()->top, kBase + 60);
-    EXPECT_EQ(MemSharedCheck(At(nothing)), 1);
-    EXPECT_EQ(Free(nothing), 1);
-}
-
-struct FitCase {
-    int line;
-    uint32_t size;
-    bool fromFreeList;
-    uint32_t rest;  // size of the free block that is left; 0 for none
-};
-constexpr FitCase kFits[] = {
-    // clang-format off
-    //          size  free list  rest
-    { __LINE__, 100,  true,      0  },  // the whole of it
-    { __LINE__, 101,  false,     0  },
-    { __LINE__, 99,   false,     0  },
-    { __LINE__, 60,   false,     0  },  // the remainder is 40, which is not more than 40
-    { __LINE__, 59,   true,      13 },
-    { __LINE__, 0,    true,      72 },
-    // clang-format on
-};
-
 TEST_F(SharedHeapTest, AFreeBlockOf100BytesIsTakenWholeOrSplitOrPassedOver) {
-    for (const FitCase& c : kFits) {
-        testing::ScopedTrace row(__FILE__, c.line, std::to_string(c.size));
+    struct {
+        uint32_t size;
+        bool fromFreeList;
+        uint32_t rest;  // size of the free block that is left; 0 for none
+    } const kFits[] = {
+        {101, false, 0}, {100, true, 0},
+        {99, false, 0},  {60, false, 0},  // the remainder is 40, which is not more than 40
+        {59, true, 13},  {0, true, 72},
+    };
+    for (const auto& c : kFits) {
+        SCOPED_TRACE(c.size);
         LayOut(1000);
         const uint32_t block = Alloc(100);
         const uint32_t standing = Alloc(10);
@@ -104,62 +76,30 @@ TEST_F(SharedHeapTest, AFreeBlockOf100BytesIsTakenWholeOrSplitOrPassedOver) {
         if (c.rest != 0) left.push_back({block + c.size + 28, c.rest});
         EXPECT_EQ(FreeBlocks(), left);
         EXPECT_EQ(UsedBlocks(), (std::vector<Entry>{{got, c.size}, {standing, 10}}));
+        EXPECT_EQ(MemSharedCheck(At(got)), 1);
         EXPECT_EQ(MemSharedCheckAll(), 1);
     }
 }
-
-TEST_F(SharedHeapTest, FreedBlocksAreFoundInReverseOrder) {
-    uint32_t blocks[6];
-    for (uint32_t& block : blocks) block = Alloc(50);
-    for (const int i : {0, 2, 4}) EXPECT_EQ(Free(blocks[i]), 1);
-    for (const int i : {4, 2, 0}) EXPECT_EQ(Alloc(50), blocks[i]);
-}
-
-struct MergeCase {
-    int line;
-    std::vector<int> order;                      // which of the blocks 1, 2, 3 are freed, in turn
-    std::vector<std::pair<int, uint32_t>> left;  // the free list at the end: which block begins there, its size
-};
 
 TEST_F(SharedHeapTest, FreedNeighboursMerge) {
-    const MergeCase cases[] = {
-        // clang-format off
-        //          order        left
-        { __LINE__, {1, 2},      {{1, 48}}          },
-        { __LINE__, {2, 1},      {{1, 48}}          },
-        { __LINE__, {1, 3},      {{3, 10}, {1, 10}} },
-        { __LINE__, {1, 3, 2},   {{1, 86}}          },  // the one in the middle joins both
-        { __LINE__, {3, 1, 2},   {{1, 86}}          },
-        { __LINE__, {1, 2, 3},   {{1, 86}}          },
-        { __LINE__, {3, 2, 1},   {{1, 86}}          },
-        // clang-format on
+    constexpr uint32_t kFirst = kBase + 52;
+    constexpr uint32_t kLast = kFirst + 2 * 38;
+    struct {
+        std::vector<uint32_t> order;  // which of the three blocks are freed, in turn
+        std::vector<Entry> left;      // the free list at the end
+    } const kRows[] = {
+        {{0, 1}, {{kFirst, 48}}},    {{1, 0}, {{kFirst, 48}}},    {{0, 2}, {{kLast, 10}, {kFirst, 10}}},
+        {{0, 2, 1}, {{kFirst, 86}}}, {{2, 0, 1}, {{kFirst, 86}}},  // the one in the middle joins both
+        {{0, 1, 2}, {{kFirst, 86}}}, {{2, 1, 0}, {{kFirst, 86}}},
     };
-    for (const MergeCase& c : cases) {
-        testing::ScopedTrace row(__FILE__, c.line, "");
+    for (const auto& c : kRows) {
         LayOut(1000);
-        uint32_t blocks[5];
-        for (uint32_t& block : blocks) block = Alloc(10);
-        const uint32_t top = Header()->top;
-        for (const int i : c.order) EXPECT_EQ(Free(blocks[i]), 1);
-        std::vector<Entry> left;
-        for (const auto& [block, size] : c.left) left.push_back({blocks[block], size});
-        EXPECT_EQ(FreeBlocks(), left);
+        for (int i = 0; i < 4; ++i) Alloc(10);
+        for (const uint32_t n : c.order) EXPECT_EQ(Free(kFirst + n * 38), 1);
+        EXPECT_EQ(FreeBlocks(), c.left) << testing::PrintToString(c.order);
         EXPECT_EQ(MemSharedCheckAll(), 1);
-        EXPECT_EQ(Header()->top, top);
+        EXPECT_EQ(Header()->top, kBase + 32 + 4 * 38);  // it doesn't come down
     }
-}
-
-TEST_F(SharedHeapTest, TheTopDoesNotComeDownWithItsBlock) {
-    const uint32_t low = Alloc(10);
-    const uint32_t high = Alloc(10);
-    const uint32_t top = Header()->top;
-    EXPECT_EQ(Free(high), 1);
-    EXPECT_EQ(Header()->top, top);
-    EXPECT_EQ(Free(low), 1);  // but the last used block resets the heap, free blocks or not
-    EXPECT_EQ(Header()->top, kBase + 32);
-    EXPECT_EQ(Header()->freeList.first, 0u);
-    EXPECT_EQ(Header()->usedList.first, 0u);
-    EXPECT_EQ(Alloc(500), kBase + 52);
 }
 
 TEST_F(SharedHeapTest, ABlockWithoutAListHasNoNeighbours) {
@@ -176,20 +116,17 @@ TEST_F(SharedHeapTest, ChecksFindEveryOverrun) {
     const uint32_t block = Alloc(9);
     EXPECT_EQ(MemSharedCheck(nullptr), 1);
     EXPECT_EQ(MemSharedCheck(At(block)), 1);
+    const auto spoils = [](uint32_t address, const void* checked) {
+        auto* byte = static_cast<unsigned char*>(At(address));
+        *byte ^= 0x40;
+        EXPECT_EQ(MemSharedCheckAll(), 0) << address;
+        EXPECT_EQ(MemSharedCheck(checked), checked == nullptr ? 1 : 0) << address;
+        *byte ^= 0x40;
+    };
     for (const int32_t offset : {-20, -17, -4, -1, 9, 12, 13, 16}) {
-        testing::ScopedTrace row(__FILE__, __LINE__, std::to_string(offset));
-        auto* byte = static_cast<unsigned char*>(At(block + static_cast<uint32_t>(offset)));
-        *byte ^= 0x40;
-        EXPECT_EQ(MemSharedCheck(At(block)), 0);
-        EXPECT_EQ(MemSharedCheckAll(), 0);
-        *byte ^= 0x40;
+        spoils(block + static_cast<uint32_t>(offset), At(block));
     }
-    for (const uint32_t offset : {0u, 31u}) {  // the header's own guards
-        auto* byte = static_cast<unsigned char*>(At(kBase + offset));
-        *byte ^= 0x40;
-        EXPECT_EQ(MemSharedCheckAll(), 0);
-        *byte ^= 0x40;
-    }
+    for (const uint32_t offset : {0u, 31u}) spoils(kBase + offset, nullptr);  // the header's own guards
     Free(before);
     *static_cast<unsigned char*>(At(before + 7)) = 0;  // behind a free block
     EXPECT_EQ(MemSharedCheckAll(), 0);
@@ -209,6 +146,7 @@ TEST_F(SharedHeapTest, AListMayHaveAMillionBlocksInACheck) {
         *block = {MemSig1, addressOf((n + 1) % kBlocks), addressOf((n + kBlocks - 1) % kBlocks), 0, MemSig2};
         *MemSharedTailOf(block) = {MemSig1, MemSig2};
     }
+    Header()->top = addressOf(kBlocks);
     Header()->usedList.first = addressOf(0);
     EXPECT_EQ(MemSharedCheckAll(), 0);
     EXPECT_EQ(Free(addressOf(0) + 20), 1);
@@ -216,11 +154,10 @@ TEST_F(SharedHeapTest, AListMayHaveAMillionBlocksInACheck) {
 }
 
 TEST_F(SharedHeapTest, AnOpenListIsWholeToo) {
-    Alloc(1);
-    const uint32_t second = Alloc(2);
     EXPECT_EQ(MemSharedCheckList(0), 1);
-    Block(second)->next = 0;
-    EXPECT_EQ(MemSharedCheckList(second - 20), 1);
+    const uint32_t block = Alloc(2);
+    Block(block)->next = 0;
+    EXPECT_EQ(MemSharedCheckList(block - 20), 1);
 }
 
 TEST_F(SharedHeapTest, AttachingLooksForAHeapOfTheSameSize) {

@@ -25,25 +25,36 @@ constexpr Operation kOperations[] = {
     {"/", NumDivide, NumDividePairs},
 };
 
-std::string AllBytes(const Number& num) {
-    std::string text;
-    for (const uint8_t byte : num.bytes) {
-        char hex[4];
-        std::snprintf(hex, sizeof hex, "%02X ", byte);
-        text += hex;
-    }
-    return text;
+// The result may be either operand, or both.
+void ExpectSameInPlace(int32_t(MORVL_CALL* operation)(Number*, const Number*, const Number*), const Number& a,
+                       const Number& b) {
+    Number apart = Poisoned();
+    operation(&apart, &a, &b);
+    Number first = a;
+    operation(&first, &first, &b);
+    EXPECT_EQ(Bytes(first), Bytes(apart));
+    Number second = b;
+    operation(&second, &a, &second);
+    EXPECT_EQ(Bytes(second), Bytes(apart));
+    operation(&apart, &a, &a);
+    Number both = a;
+    operation(&both, &both, &both);
+    EXPECT_EQ(Bytes(both), Bytes(apart));
 }
 
 void CheckPair(const Number& a, const Number& b) {
-    const testing::ScopedTrace row(__FILE__, __LINE__, AllBytes(a) + "with " + AllBytes(b));
+    const testing::ScopedTrace row(__FILE__, __LINE__, Bytes(a, 13) + " with " + Bytes(b, 13));
+    const bool hasNothing = NumLength(&a) < 2 || NumLength(&b) < 2;
     for (const Operation& operation : kOperations) {
+        // A sum with null or zero isn't worked out: it is a copy of the other operand.
+        if (hasNothing && operation.fast == NumAddition) continue;
         Number fast[2] = {Poisoned(), Poisoned()};  // the second is a guard
         Number defined = Poisoned();
         EXPECT_EQ(operation.fast(fast, &a, &b), operation.definition(&defined, &a, &b)) << operation.name;
         EXPECT_EQ(fast[0], defined) << operation.name << ": " << Bytes(fast[0]) << ", defined as " << Bytes(defined);
         EXPECT_EQ(fast[1], Poisoned());
     }
+    for (const Operation& operation : kOperations) ExpectSameInPlace(operation.fast, a, b);
     EXPECT_EQ(NumCompare(&a, &b), NumComparePairs(&a, &b));
     // NumCompare rarely gets as far as the vectors.
     if (HasPairVectors()) {
@@ -78,17 +89,21 @@ TEST(Agreement, RoundingTextAndDouble) {
         if ((num.bytes[0] & 15) == 0 || (num.bytes[0] & 15) > 12) continue;
         const int32_t decimals =
             random.Below(16) == 0 ? (random.Below(1 << 30) - (1 << 29)) * 4 : random.Below(40) - 15;
-        const testing::ScopedTrace row(__FILE__, __LINE__, AllBytes(num) + "and " + std::to_string(decimals));
+        const testing::ScopedTrace row(__FILE__, __LINE__, Bytes(num, 13) + " and " + std::to_string(decimals));
         Number fast = Poisoned();
         Number defined = Poisoned();
         EXPECT_EQ(NumRound(&fast, &num, decimals), NumRoundPairs(&defined, &num, decimals));
         EXPECT_EQ(fast, defined);
 
-        char fastText[256];
-        char definedText[256];
         const auto width = static_cast<uint16_t>(random.Below(i % 4 == 0 ? 30 : 160));
-        EXPECT_EQ(NumToAscii(&num, fastText, width), NumToAsciiPairs(&num, definedText, width));
-        EXPECT_STREQ(fastText, definedText);
+        std::string fastText(width + 2u, '\xA5');
+        std::string definedText = fastText;
+        const int32_t length = NumToAscii(&num, fastText.data(), width);
+        EXPECT_EQ(length, NumToAsciiPairs(&num, definedText.data(), width));
+        EXPECT_STREQ(fastText.c_str(), definedText.c_str());
+        EXPECT_EQ(static_cast<size_t>(length), std::strlen(fastText.c_str()));
+        EXPECT_LE(length, width);
+        EXPECT_EQ(fastText.back(), '\xA5');
 
         double value = 0;
         NumToDouble(&num, &value);

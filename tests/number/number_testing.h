@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <random>
 #include <string>
@@ -39,15 +40,20 @@ inline Number NumOfBytes(const char* hex) {
     return num;
 }
 
-// The length byte and the bytes that it counts, as "03 C2 01 01".
-inline std::string Bytes(const Number& num) {
+// Some bytes, as "03 C2 01 01".
+inline std::string Bytes(const Number& num, int count) {
     std::string text;
-    for (int i = 0; i <= (num.bytes[0] & 0x0F) && i < 13; ++i) {
+    for (int i = 0; i < count; ++i) {
         char byte[4];
         std::snprintf(byte, sizeof byte, i == 0 ? "%02X" : " %02X", num.bytes[i]);
         text += byte;
     }
     return text;
+}
+
+// The length byte and the bytes that it counts.
+inline std::string Bytes(const Number& num) {
+    return Bytes(num, std::min(1 + (num.bytes[0] & 0x0F), 13));
 }
 
 // The value as plain text, as wide as a Number can be.
