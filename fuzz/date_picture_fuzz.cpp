@@ -1,15 +1,9 @@
 // Date pictures and date text in every scanner state. The first byte chooses the state; a list, where there is one,
 // must be what the reader gives element by element.
-#include <cstdlib>
-#include <string>
-
 #include "datetime/picture_parser.h"
+#include "input.h"
 
 namespace {
-
-void Check(bool holds) {
-    if (!holds) std::abort();
-}
 
 bool SameElement(const DatePicElement& listed, const DateElement& read) {
     if (listed.ElementType != read.type) return false;
@@ -25,10 +19,10 @@ void ReadAsElements(const char* text, int32_t mode) {
     const bool mayBeReadAgain = mode != kModePicture && std::string(text).size() == 8;
     while (!mayBeReadAgain && reader.Read(&read)) {
         if (first == nullptr) continue;
-        Check(listed != nullptr && SameElement(*listed, read));
+        Require(listed != nullptr && SameElement(*listed, read));
         listed = listed->Next;
     }
-    Check(mayBeReadAgain || (listed == nullptr && reader.Accepted() == (first != nullptr)));
+    Require(mayBeReadAgain || (listed == nullptr && reader.Accepted() == (first != nullptr)));
     FMTFreeDatePic(first);
 }
 
@@ -36,9 +30,9 @@ void ReadAsTokens(const char* text, ScanState state) {
     DateScanner scanner(text, state);
     const char* end = text;
     for (DateToken token = scanner.Next(); token.kind != ScanToken::kEnd; token = scanner.Next()) {
-        Check(token.start >= end && token.length >= 1 && token.length <= DateScanner::kMaxTokenLength);
+        Require(token.start >= end && token.length >= 1 && token.length <= DateScanner::kMaxTokenLength);
         end = token.start + token.length;
-        Check(scanner.State() >= ScanState::kValue && scanner.State() <= ScanState::kDateTimeShape);
+        Require(scanner.State() >= ScanState::kValue && scanner.State() <= ScanState::kDateTimeShape);
     }
 }
 

@@ -1,8 +1,9 @@
 // Scans and searches of raw texts for raw patterns and sets.
-#include "intl_input.h"
+#include "input.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Input input(data, std::min(size, size_t{512}));
+    input.TakeLanguage();
     const Room pattern = input.TakeText();
     const Room text = input.TakeText();
     const int32_t at = IntlStrScan(text, pattern);

@@ -1,5 +1,5 @@
 // Every operation on strings over raw bytes, in exactly the room that it is told to need.
-#include "intl_input.h"
+#include "input.h"
 
 namespace {
 
@@ -114,6 +114,7 @@ void LookAtCharacters(const char* text, uint16_t code) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Input input(data, std::min(size, size_t{1024}));
+    input.TakeLanguage();
     const int32_t first = input.TakeNumber();
     const int32_t second = input.TakeNumber();
     const Room text = input.TakeText();

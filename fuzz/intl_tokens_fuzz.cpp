@@ -1,5 +1,5 @@
 // The tokenizers and the numbers of a text, over raw bytes.
-#include "intl_input.h"
+#include "input.h"
 
 namespace {
 
@@ -42,6 +42,7 @@ void FetchNumbers(const char* text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Input input(data, std::min(size, size_t{1024}));
+    input.TakeLanguage();
     const uint16_t lead = input.TakeByte();
     const int32_t limit = input.TakeNumber();
     const Room skip = input.TakeText();

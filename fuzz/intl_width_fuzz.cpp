@@ -1,8 +1,9 @@
 // Width conversion of raw bytes, there and back.
-#include "intl_input.h"
+#include "input.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Input input(data, std::min(size, size_t{1024}));
+    input.TakeLanguage();
     const Room text = input.TakeText();
     const size_t bytes = std::strlen(text);
     Room full(2 * bytes + 1);

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "format/settings.h"
-#include "intl_input.h"
+#include "input.h"
 
 namespace {
 
@@ -18,6 +18,7 @@ bool EndsInHalf(const std::string& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Input input(data, size);
+    input.TakeLanguage();
     const int32_t country = input.TakeByte() == 'F' ? 358 : 1;
     const std::string picture = std::string(input.TakeText()).substr(0, kLongDatePicSize - 1);
     Room field(kLongDatePicSize);

@@ -1,13 +1,8 @@
 // Raw text read back as a number, free and by a raw picture: the result is 0 or 1, and what was read by a picture
 // stands in Output as plain digits that are a number.
-#include <algorithm>
-#include <cstdlib>
-#include <cstring>
-#include <string>
-
 #include <morvl15/format.h>
-#include <morvl15/host_native.h>
-#include <morvl15/intl.h>
+
+#include "input.h"
 
 namespace {
 
@@ -28,27 +23,22 @@ FMTCntlBlock Block(const uint8_t* head) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     constexpr size_t kHead = 5;
     if (size < kHead || size > 1000) return 0;
-    HostSetLanguages((data[0] & 0x80) != 0 ? 0x0411 : 0x0409, 0x0409);
-    IntlInit();
-
-    const std::string rest(reinterpret_cast<const char*>(data) + kHead, size - kHead);
-    const std::string picture = rest.substr(0, rest.find('\n')).c_str();
-    const std::string text = rest.size() > picture.size() ? rest.substr(picture.size() + 1).c_str() : rest.c_str();
+    SetLanguage((data[0] & 0x80) != 0 ? 0x0411 : 0x0409);
+    const auto [picture, text] = SplitAt('\n', data + kHead, size - kHead);
 
     FMTCntlBlock block = Block(data);
     block.Input = text.c_str();
     const int32_t valid = FMTValidateNumber(&block);
-    if (valid != 0 && valid != 1) std::abort();
+    Require(valid == 0 || valid == 1);
 
     FMTCntlBlock byPicture = Block(data);
-    std::string output(std::max<size_t>(text.size(), 108) + 1, '\x5A');
+    Room output(std::max<size_t>(text.size(), 108) + 1);
     byPicture.Input = text.c_str();
     byPicture.Picture = picture.c_str();
-    byPicture.Output = output.data();
+    byPicture.Output = output;
     if (FMTUnformatNumberStr(&byPicture)) {
         Number read{};
-        const std::string plain = output.c_str();
-        if (!plain.empty() && NumAsciiToNumber(&read, plain.c_str()) <= 0) std::abort();
+        Require(*output == 0 || NumAsciiToNumber(&read, output) > 0);
     }
     FMTStrToNumber(&block);
     return 0;

@@ -1,12 +1,10 @@
 // Raw pictures through the picture operations, under raw regions.
 //
 // Input: the language; group and decimal separator; currency position; negative layout; the symbol; the picture.
-#include <string>
-
 #include <morvl15/format.h>
 
 #include "format/picture_tokens.h"
-#include "intl_input.h"
+#include "input.h"
 
 namespace {
 
@@ -54,6 +52,7 @@ void TryPicture(const FMTCntlBlock& block, const std::string& picture) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Input input(data, size);
+    input.TakeLanguage();
     FMTCntlBlock block = {};
     FMTInitCntlBlock(&block);
     block.ThousandSep = static_cast<char>(input.TakeByte());

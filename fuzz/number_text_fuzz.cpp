@@ -1,15 +1,9 @@
 // Decimal and hexadecimal text to Number. What was read is inside the text, and reads back from its plain form.
-#include <cstdlib>
-#include <cstring>
-#include <string>
-
 #include <morvl15/number.h>
 
-namespace {
+#include "input.h"
 
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
+namespace {
 
 void RequireReadsBack(const Number& num) {
     char text[256];
@@ -23,14 +17,14 @@ void RequireReadsBack(const Number& num) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::string text(reinterpret_cast<const char*>(data), size);
-    const auto length = static_cast<int32_t>(std::strlen(text.c_str()));
+    const Room text = Input(data, size).TakeText();
+    const auto length = static_cast<int32_t>(std::strlen(text));
     Number num;
-    const int32_t read = NumAsciiToNumber(&num, text.c_str());
+    const int32_t read = NumAsciiToNumber(&num, text);
     Require(read >= -2 && read <= length);
     Require((read > 0) == (NumIsNull(&num) == 0));
     if (read > 0) RequireReadsBack(num);
-    const int32_t readHex = NumHexAsciiToNumber(&num, text.c_str());
+    const int32_t readHex = NumHexAsciiToNumber(&num, text);
     Require(readHex >= 0 && readHex <= length && num.bytes[0] <= 12);
     RequireReadsBack(num);
     return 0;
