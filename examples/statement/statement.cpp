@@ -1,127 +1,33 @@
 // A statement: reads a ledger of dates and amounts as people write them in one country, sums it exactly, and shows it
 // in the conventions of three countries side by side.
 //
-//     statement [--convention US|German|Japanese] [FILE.csv]
+//     statement [--convention US|German|Japanese] [--pdf FILE.pdf] [FILE.csv]
 //
 // The ledger is a text file in UTF-8: date, text, amount, separated by ";" or ",", a field in double quotes where it
 // holds the separator. A first line "# convention: German" tells how its dates and amounts are written; a date may
 // stand in any form that the library reads ("02.01.2003", "3-Jan-2003", "2003-01-07"). "#" starts a comment, and a line
 // that can't be read is reported with its number (the column heads of the first line are not).
 //
-// The library's texts are in the ANSI code page of the system; the amounts here are within Windows-1252, and Japanese
-// dates are Shift-JIS.
-#include <iconv.h>
-
+// The ledger is read line by line: one of a million lines (make_ledger.py writes it) takes no more memory than a short one.
+// On a terminal a line of progress stands on standard error while the statement goes to a file.
+//
+// With --pdf it is printed, through the native host's printer "PDF", and kept in memory until then. An interrupt (Ctrl-C)
+// cancels it, and leaves no file.
+#include <algorithm>
+#include <csignal>
 #include <cstring>
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include <morvl15/datetime.h>
-#include <morvl15/format.h>
-#include <morvl15/number.h>
+#include "ledger.h"
+#include "pages.h"
 
 namespace {
 
-// How a country writes money and dates.
-struct Convention {
-    const char* name;
-    char thousandSeparator;
-    char decimalSeparator;
-    const char* currency;
-    int32_t currencyPosition;  // 0 $1, 1 1$, 2 $ 1, 3 1 $
-    int32_t negativeLayout;    // the place of sign, symbol and amount, 0 to 10
-    const char* picture;       // of amounts, in this country's own separators
-    const char* shortDate;
-    const char* longDate;
-    int32_t longForm;  // of dates: 0 by the long picture, 3 in the Japanese era form
-};
-
-constexpr Convention kConventions[] = {
-    {"US", ',', '.', "$", 0, 0, "$#,##0.00;($#,##0.00)", "M/d/yyyy", "dddd, MMMM dd, yyyy", 0},
-    {"German", '.', ',', "DM", 3, 8, "#.##0,00 DM;-#.##0,00 DM", "dd.MM.yyyy", "dddd, d. MMMM yyyy", 0},
-    {"Japanese", ',', '.', "\xA5", 0, 1, "\xA5#,##0;-\xA5#,##0", "yyyy/MM/dd", "", 3},
-};
-
-// A control block that takes its regional values from a convention and not from the user's profile.
-FMTCntlBlock BlockFor(const Convention& convention, int32_t type) {
-    FMTCntlBlock block{};
-    FMTInitCntlBlock(&block);
-    block.Type = type;
-    block.UseProfile = 0;
-    block.ThousandSep = convention.thousandSeparator;
-    block.DecimalSep = convention.decimalSeparator;
-    block.Digits = 2;
-    block.LeadingZero = 1;
-    block.Currency = convention.currency;
-    block.CurrencyPos = convention.currencyPosition;
-    block.NegCurrency = convention.negativeLayout;
-    block.ShortDatePic = convention.shortDate;
-    block.LongDatePic = convention.longDate;
-    return block;
-}
-
-constexpr int32_t kTypeDate = 1;
-constexpr int32_t kTypeCurrency = 5;
-constexpr int32_t kTypePicture = 6;
-
-std::optional<Number> ReadAmount(const std::string& text, const Convention& convention) {
-    FMTCntlBlock block = BlockFor(convention, kTypeCurrency);
-    block.Input = text.c_str();
-    if (!FMTValidateNumber(&block)) return std::nullopt;
-    return block.Value;
-}
-
-std::string ShowAmount(const Number& amount, const Convention& convention) {
-    char text[128] = {};
-    FMTCntlBlock block = BlockFor(convention, kTypePicture);
-    block.Picture = convention.picture;
-    block.Value = amount;
-    block.Output = text;
-    if (!FMTFormatNumber(&block)) return "?";
-    return text;
-}
-
-std::optional<DatDef> ReadDate(const std::string& text, const Convention& convention) {
-    FMTCntlBlock block = BlockFor(convention, kTypeDate);
-    block.Input = text.c_str();
-    if (!FMTValidateDateTime(&block)) return std::nullopt;
-    return DatDef{block.Month, block.Day, block.Year, 0, 0, 0, 0};
-}
-
-constexpr int32_t kShortForm = 1;
-
-// Form 1 is the convention's short picture, its own long form is told by the convention.
-std::string ShowDate(const DatDef& date, const Convention& convention, int32_t form) {
-    char text[128] = {};
-    FMTCntlBlock block = BlockFor(convention, kTypeDate);
-    block.DateForm = form;
-    block.Month = date.Month;
-    block.Day = date.Day;
-    block.Year = date.Year;
-    block.Output = text;
-    if (!FMTFormatDateTime(&block)) return "?";
-    return text;
-}
-
 // ---- text -------------------------------------------------------------------------------------------------------
-
-std::string ToUtf8(std::string text, const char* codePage) {
-    std::string utf8(4 * text.size() + 1, '\0');
-    iconv_t converter = iconv_open("UTF-8", codePage);
-    char* in = text.data();
-    char* out = utf8.data();
-    size_t inLeft = text.size();
-    size_t outLeft = utf8.size();
-    const bool converted = iconv(converter, &in, &inLeft, &out, &outLeft) != static_cast<size_t>(-1);
-    iconv_close(converter);
-    utf8.resize(converted ? utf8.size() - outLeft : 0);
-    return utf8;
-}
 
 size_t CharactersIn(std::string_view utf8) {
     size_t count = 0;
@@ -150,26 +56,6 @@ void PrintRight(const std::string& utf8, size_t width) {
     std::cout << std::string(characters < width ? width - characters : 0, ' ') << utf8;
 }
 
-// One field of a line, from `at`, which moves behind the separator.
-std::string NextField(const std::string& line, char separator, size_t& at) {
-    std::string field;
-    bool quoted = false;
-    for (; at < line.size(); ++at) {
-        const char c = line[at];
-        if (c == '"') {
-            quoted = !quoted;
-        } else if (c == separator && !quoted) {
-            break;
-        } else {
-            field += c;
-        }
-    }
-    if (at < line.size()) ++at;
-    return field;
-}
-
-// ---- the statement ----------------------------------------------------------------------------------------------
-
 constexpr size_t kTextWidth = 36;
 constexpr size_t kDateWidth = 13;
 constexpr size_t kAmountWidth = 15;
@@ -177,8 +63,8 @@ constexpr size_t kAmountWidth = 15;
 void PrintRow(const DatDef* date, std::string_view text, const Number& amount) {
     PrintLeft(text, kTextWidth);
     for (const Convention& convention : kConventions) {
-        PrintRight(date == nullptr ? "" : ShowDate(*date, convention, kShortForm), kDateWidth);
-        PrintRight(ToUtf8(ShowAmount(amount, convention), "WINDOWS-1252"), kAmountWidth);
+        PrintRight(date == nullptr ? "" : ShowDate(*date, convention), kDateWidth);
+        PrintRight(ShowAmount(amount, convention), kAmountWidth);
     }
     std::cout << '\n';
 }
@@ -194,36 +80,10 @@ void PrintHead() {
     PrintRule();
 }
 
-struct Totals {
-    Number sum{};
-    Number largest{};  // null until the first amount
-    int32_t count = 0;
-    DatDef first{};
-    DatDef last{};
-
-    Totals() { NumLongToNumber(&sum, 0); }
-    void Add(const DatDef& date, const Number& amount) {
-        if (count == 0) first = date;
-        last = date;
-        NumAddition(&sum, &sum, &amount);
-        if (NumIsNull(&largest) || NumCompare(&amount, &largest) > 0) largest = amount;
-        ++count;
-    }
-    // Exact to the last digit of a Number, then rounded half away from zero to two places.
-    Number Average() const {
-        Number average{};
-        NumLongToNumber(&average, count);
-        NumDivide(&average, &sum, &average);
-        NumRound(&average, &average, 2);
-        return average;
-    }
-};
-
 void PrintPeriod(const Totals& totals) {
     for (const Convention& convention : kConventions) {
-        const char* codePage = convention.longForm == 0 ? "WINDOWS-1252" : "SHIFT_JIS";
-        std::cout << "From " << ToUtf8(ShowDate(totals.first, convention, convention.longForm), codePage) << " to "
-                  << ToUtf8(ShowDate(totals.last, convention, convention.longForm), codePage) << '\n';
+        std::cout << "From " << ShowLongDate(totals.first, convention) << " to "
+                  << ShowLongDate(totals.last, convention) << '\n';
     }
 }
 
@@ -237,80 +97,85 @@ void PrintTotals(const Totals& totals) {
     PrintPeriod(totals);
 }
 
-const Convention* FindConvention(std::string_view name) {
-    for (const Convention& convention : kConventions) {
-        if (name == convention.name) return &convention;
-    }
-    return nullptr;
-}
-
-// "# convention: NAME" names the convention; any other comment names none.
-const Convention* ConventionOfComment(const std::string& line) {
-    constexpr std::string_view kMark = "# convention: ";
-    return line.starts_with(kMark) ? FindConvention(std::string_view(line).substr(kMark.size())) : nullptr;
-}
-
 // Result: the number of lines that can't be read.
-int PrintStatement(std::istream& ledger, const Convention* convention) {
+int ShowStatement(std::istream& ledger, const Convention* convention) {
     Totals totals;
-    int bad = 0;
-    int lineNumber = 0;
-    bool expectsHeads = true;
     PrintHead();
-    for (std::string line; std::getline(ledger, line);) {
-        ++lineNumber;
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        if (line.empty()) continue;
-        if (line.front() == '#') {
-            if (const Convention* told = ConventionOfComment(line)) convention = told;
-            continue;
-        }
-        const char separator = line.find(';') != std::string::npos ? ';' : ',';
-        size_t at = 0;
-        const std::string dateText = NextField(line, separator, at);
-        const std::string text = NextField(line, separator, at);
-        const std::string amountText = NextField(line, separator, at);
-        const std::optional<DatDef> date = ReadDate(dateText, *convention);
-        const std::optional<Number> amount = ReadAmount(amountText, *convention);
-        if (date && amount) {
-            PrintRow(&*date, text, *amount);
-            totals.Add(*date, *amount);
-        } else if (!expectsHeads) {
-            std::cerr << "line " << lineNumber << ": no " << convention->name << (date ? " amount" : " date") << ": \""
-                      << (date ? amountText : dateText) << "\"\n";
-            ++bad;
-        }
-        expectsHeads = false;
-    }
+    const int bad = ReadLedger(ledger, convention, [&](const Entry& entry) {
+        PrintRow(&entry.date, entry.text, entry.amount);
+        totals.Add(entry);
+        return true;
+    });
     PrintTotals(totals);
     return bad;
 }
 
-int Usage() {
-    std::cerr << "usage: statement [--convention US|German|Japanese] [FILE.csv]\n";
-    return 2;
+// ---- the printed statement --------------------------------------------------------------------------------------
+
+volatile std::sig_atomic_t interrupted = 0;
+
+void Interrupt(int signal) {
+    interrupted = 1;
+    std::signal(signal, SIG_DFL);  // a second one ends the program
+}
+
+bool IsInterrupted() {
+    return interrupted != 0;
+}
+
+// Result: whether all lines could be read and the statement was printed.
+bool PrintStatement(std::istream& ledger, const Convention* convention, const char* pdf) {
+    Statement statement;
+    const int bad = ReadLedger(ledger, convention, [&](const Entry& entry) {
+        statement.entries.push_back(entry);
+        statement.totals.Add(entry);
+        return !IsInterrupted();
+    });
+    const char* outcome = PrintPages(statement, pdf, IsInterrupted);
+    if (outcome != nullptr) std::cerr << "statement: " << outcome << '\n';
+    return bad == 0 && outcome == nullptr;
+}
+
+struct Options {
+    const Convention* convention = &kConventions[0];
+    const char* pdf = nullptr;   // null: a text on standard output
+    const char* path = nullptr;  // null: standard input
+};
+
+bool ReadOptions(char** arguments, Options* options) {
+    for (; *arguments != nullptr; ++arguments) {
+        const std::string_view name = *arguments;
+        if (name == "--convention" && arguments[1] != nullptr) {
+            options->convention = FindConvention(*++arguments);
+            if (options->convention == nullptr) return false;
+        } else if (name == "--pdf" && arguments[1] != nullptr) {
+            options->pdf = *++arguments;
+        } else if (name.starts_with('-') || options->path != nullptr) {
+            return false;
+        } else {
+            options->path = *arguments;
+        }
+    }
+    return true;
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    const Convention* convention = &kConventions[0];
-    const char* path = nullptr;
-    for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--convention") == 0 && i + 1 < argc) {
-            convention = FindConvention(argv[++i]);
-            if (convention == nullptr) return Usage();
-        } else if (argv[i][0] == '-' || path != nullptr) {
-            return Usage();
-        } else {
-            path = argv[i];
-        }
-    }
-    if (path == nullptr) return PrintStatement(std::cin, convention) == 0 ? 0 : 1;
-    std::ifstream file(path);
-    if (!file) {
-        std::cerr << "statement: cannot read " << path << '\n';
+int main(int /*argc*/, char** argv) {
+    std::ios::sync_with_stdio(false);
+    Options options;
+    if (!ReadOptions(argv + 1, &options)) {
+        std::cerr << "usage: statement [--convention US|German|Japanese] [--pdf FILE.pdf] [FILE.csv]\n";
         return 2;
     }
-    return PrintStatement(file, convention) == 0 ? 0 : 1;
+    if (options.pdf != nullptr) std::signal(SIGINT, Interrupt);
+    std::ifstream file;
+    if (options.path != nullptr) file.open(options.path);
+    if (!file) {
+        std::cerr << "statement: cannot read " << options.path << '\n';
+        return 2;
+    }
+    std::istream& ledger = options.path != nullptr ? file : std::cin;
+    if (options.pdf != nullptr) return PrintStatement(ledger, options.convention, options.pdf) ? 0 : 1;
+    return ShowStatement(ledger, options.convention) == 0 ? 0 : 1;
 }
