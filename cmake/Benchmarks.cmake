@@ -15,3 +15,7 @@ foreach(source IN LISTS bench_sources)
   target_link_libraries(${name} PRIVATE morvl15_static benchmark::benchmark ICU::uc ICU::i18n Boost::boost)
   target_compile_options(${name} PRIVATE -Wall -Wextra)
 endforeach()
+
+# It prints the poster of the examples, and draws the same through cairo alone.
+target_sources(print_bench PRIVATE ${PROJECT_SOURCE_DIR}/examples/poster/drawing.cpp)
+target_link_libraries(print_bench PRIVATE PkgConfig::drawing)

@@ -3,9 +3,11 @@ add_executable(shared_heap_worker ${PROJECT_SOURCE_DIR}/tests/helpers/shared_hea
 target_include_directories(shared_heap_worker PRIVATE ${PROJECT_SOURCE_DIR}/tests)
 target_compile_options(shared_heap_worker PRIVATE -Wno-conversion)
 target_link_libraries(shared_heap_worker PRIVATE morvl15_options morvl15)
-if(TARGET memory_tests)
-  add_dependencies(memory_tests shared_heap_worker)
-endif()
+foreach(tests memory_tests dialog_tests)
+  if(TARGET ${tests})
+    add_dependencies(${tests} shared_heap_worker)
+  endif()
+endforeach()
 
 # Modules with version texts in either table, in both, and with none.
 function(add_version_module name)
@@ -29,4 +31,10 @@ add_version_module(version_none)
 
 if(TARGET frame_tests AND NOT WIN32)
   morvl15_version_texts(frame_tests PRODUCT_VERSION ${PROJECT_VERSION} FILE_VERSION ${PROJECT_VERSION})
+endif()
+
+# Shows the library's dialogs; scripts/dialog_pictures.sh takes their pictures.
+if(WIN32)
+  add_executable(dialog_pictures EXCLUDE_FROM_ALL ${PROJECT_SOURCE_DIR}/tests/helpers/dialog_pictures.cpp)
+  target_link_libraries(dialog_pictures PRIVATE morvl15_options morvl15)
 endif()

@@ -19,6 +19,7 @@ add_library(test_support OBJECT ${support_sources})
 target_link_libraries(test_support PUBLIC morvl15_options GTest::gtest)
 target_compile_definitions(test_support PUBLIC MORVL15_STATIC)
 target_include_directories(test_support PUBLIC ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
+target_compile_options(test_support PUBLIC -O1)  # the tests' own code runs once; it is compiling that takes time
 
 foreach(room IN LISTS rooms ITEMS host examples)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${room}/*.cpp)
@@ -32,9 +33,14 @@ foreach(room IN LISTS rooms ITEMS host examples)
   if(WIN32)
     target_link_libraries(${room}_tests PRIVATE morvl15_resources)
   else()
-    target_link_libraries(${room}_tests PRIVATE morvl15host ${CMAKE_DL_LIBS})
+    set(host_library morvl15host)
+    if(room STREQUAL "host")  # its tests see the inside of the host library
+      set(host_library morvl15host_static cups)
+    endif()
+    target_link_libraries(${room}_tests PRIVATE ${host_library} PkgConfig::drawing ${CMAKE_DL_LIBS})
     if(room STREQUAL "examples")
       target_link_libraries(examples_tests PRIVATE util)
+      target_compile_definitions(examples_tests PRIVATE MORVL_VERSION="${PROJECT_VERSION}")
       foreach(example IN LISTS examples)
         add_dependencies(examples_tests ${example})
         string(TOUPPER ${example} name)
@@ -47,7 +53,11 @@ foreach(room IN LISTS rooms ITEMS host examples)
     if(room MATCHES "^(host|memory)$")
       set(lock PROPERTIES RESOURCE_LOCK named_objects)
     endif()
-    gtest_discover_tests(${room}_tests DISCOVERY_TIMEOUT 60 ${lock})
+    set(leaks)
+    if(room STREQUAL "examples")  # for the programs that they start; the tests themselves know it
+      set(leaks PROPERTIES ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.txt")
+    endif()
+    gtest_discover_tests(${room}_tests DISCOVERY_TIMEOUT 60 ${lock} ${leaks})
   endif()
 endforeach()
 
@@ -56,6 +66,21 @@ include(cmake/TestHelpers.cmake)
 # The headers compile as plain C too, and a C program links.
 add_executable(c_header_test ${PROJECT_SOURCE_DIR}/tests/boundary/c_header_test.c)
 target_link_libraries(c_header_test PRIVATE morvl15_options morvl15)
+
+# What the pages show in C and C++ compiles.
+if(NOT WIN32)
+  file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
+  list(PREPEND pages ${PROJECT_SOURCE_DIR}/README.md)
+  foreach(language c cpp)
+    set(snippets ${PROJECT_BINARY_DIR}/generated/snippets.${language})
+    add_custom_command(OUTPUT ${snippets}
+      COMMAND awk -v language=${language} -f ${PROJECT_SOURCE_DIR}/cmake/snippets.awk ${pages} > ${snippets}
+      DEPENDS ${pages} ${PROJECT_SOURCE_DIR}/cmake/snippets.awk VERBATIM)
+    add_library(snippets_${language} OBJECT ${snippets})
+    target_link_libraries(snippets_${language} PRIVATE morvl15_options)
+    target_compile_options(snippets_${language} PRIVATE -Wno-unused-variable -Wno-conversion -Wno-sign-conversion)
+  endforeach()
+endif()
 
 # The library as its callers see it: what it exports and, on Windows, what it imports and how it behaves when it is
 # loaded by name. The programs of the Windows build are run by scripts/test.sh.
@@ -77,6 +102,8 @@ endif()
 add_test(NAME Boundary.Exports COMMAND ${CMAKE_COMMAND} -DNM=${CMAKE_NM} -DOBJDUMP=${CMAKE_OBJDUMP}
   -DLIBRARY=$<TARGET_FILE:morvl15> -DEXPORTS=${PROJECT_SOURCE_DIR}/cmake/exports.txt
   -P ${PROJECT_SOURCE_DIR}/cmake/CheckExports.cmake)
+add_test(NAME Boundary.Headers COMMAND ${CMAKE_COMMAND} -DINCLUDE=${PROJECT_SOURCE_DIR}/include/morvl15
+  -DEXPORTS=${PROJECT_SOURCE_DIR}/cmake/exports.txt -P ${PROJECT_SOURCE_DIR}/cmake/CheckHeaders.cmake)
 if(MORVL15_SANITIZE)
   set_tests_properties(Boundary.Exports PROPERTIES DISABLED TRUE)
 endif()

@@ -5,7 +5,7 @@ configure_file(${PROJECT_SOURCE_DIR}/src/resources/version.h.in ${PROJECT_BINARY
 # The test programs hold the library's objects, so they hold its resources too.
 add_library(morvl15_resources OBJECT ${PROJECT_SOURCE_DIR}/src/resources/morvl15.rc)
 target_include_directories(morvl15_resources PRIVATE ${PROJECT_BINARY_DIR}/generated)
-target_link_libraries(morvl15_resources INTERFACE version)
+target_link_libraries(morvl15_resources INTERFACE version winspool comdlg32 gdi32)
 set_property(SOURCE ${PROJECT_SOURCE_DIR}/src/resources/morvl15.rc APPEND PROPERTY OBJECT_DEPENDS
   "${PROJECT_SOURCE_DIR}/src/resources/strings.def;${PROJECT_SOURCE_DIR}/src/resources/dialogs.def")
 

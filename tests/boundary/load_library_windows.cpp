@@ -2,6 +2,7 @@
 // end of a thread is served, and the library can go again.
 #include <gtest/gtest.h>
 
+#include <thread>
 #include <vector>
 
 #include <morvl15/morvl15.h>
@@ -86,30 +87,16 @@ TEST_F(LoadedLibrary, ComputesAndFormats) {
     EXPECT_STREQ(text, "555-1234");
 }
 
-struct SlotThread {
-    decltype(&TLS_SetItem) setItem;
-    int32_t slot;
-    uintptr_t seen;
-};
-
 uintptr_t cleanedUp;
 void MORVL_CALL CleanUp(uintptr_t value) {
     cleanedUp += value;
 }
 
-DWORD WINAPI UseSlot(void* parameter) {
-    auto* use = static_cast<SlotThread*>(parameter);
-    use->seen = use->setItem(use->slot, 7, CleanUp);
-    return 0;
-}
-
 TEST_F(LoadedLibrary, FreesTheSlotsOfAThreadThatEnds) {
-    SlotThread use = {FIND(TLS_SetItem), FIND(TLS_AllocIndex)(), 0};
     cleanedUp = 0;
-    HANDLE thread = CreateThread(nullptr, 0, UseSlot, &use, 0, nullptr);
-    WaitForSingleObject(thread, INFINITE);
-    CloseHandle(thread);
-    EXPECT_EQ(use.seen, 7u);
+    const auto setItem = FIND(TLS_SetItem);
+    const int32_t slot = FIND(TLS_AllocIndex)();
+    std::thread([&] { EXPECT_EQ(setItem(slot, 7, CleanUp), 7u); }).join();
     EXPECT_EQ(cleanedUp, 7u);
 }
 

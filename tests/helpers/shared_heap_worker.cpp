@@ -1,9 +1,11 @@
-// A process that works on the shared heap as a test tells it: a command a line on standard input, an answer a line on
-// standard output. It ends with its input.
+// A process that works on the shared heap and opens files as a test tells it: a command a line on standard input, an
+// answer a line on standard output. It ends with its input.
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <string>
 
+#include <morvl15/dialog.h>
 #include <morvl15/memory.h>
 
 #include "support/shared_churn.h"
@@ -27,10 +29,7 @@ void Init(unsigned long size) {
 // Whether all bytes of a block have the value.
 bool Holds(unsigned long address, unsigned long size, unsigned long value) {
     const auto* bytes = static_cast<const unsigned char*>(Pointer(address));
-    for (unsigned long i = 0; i < size; ++i) {
-        if (bytes[i] != value) return false;
-    }
-    return true;
+    return std::all_of(bytes, bytes + size, [value](unsigned char byte) { return byte == value; });
 }
 
 // Steps until something is wrong or the count is reached; a count of 0 is never reached.
@@ -45,6 +44,15 @@ void Churn(unsigned long slots, unsigned long seed, unsigned long count) {
     Answer(churn.End() && good ? "good" : "bad", 0);
 }
 
+// Opens the file that the rest of the command names, and keeps it open.
+void Open(unsigned long flags, const char* command) {
+    const std::string text = command;
+    const std::string name = text.substr(text.find(' ', text.find(' ') + 1) + 1);
+    const int32_t file =
+        CBOpenFile(name.substr(0, name.find_last_not_of("\r\n") + 1).c_str(), nullptr, static_cast<uint32_t>(flags));
+    Answer(file == -1 ? "refused" : "opened", file == -1 ? GetLastError() : 0);
+}
+
 void Obey(const char* command) {
     char word[32] = {};
     unsigned long a = 0;
@@ -53,6 +61,7 @@ void Obey(const char* command) {
     std::sscanf(command, "%31s %lx %lx %lx", word, &a, &b, &c);
     const std::string verb = word;
     if (verb == "init") return Init(a);
+    if (verb == "open") return Open(a, command);
     if (verb == "churn") return Churn(a, b, c);
     if (verb == "alloc") return Answer("at", reinterpret_cast<uintptr_t>(MemSharedAlloc(static_cast<uint32_t>(a))));
     if (verb == "fill") {
@@ -69,7 +78,6 @@ void Obey(const char* command) {
     if (verb == "holds") result = Holds(a, b, c) ? 1 : 0;
     if (verb == "check") result = MemSharedCheckAll();
     if (verb == "acquire") result = MemAcquireMutex();
-    if (verb == "release") result = MemReleaseMutex();
     std::printf("%d\n", static_cast<int>(result));
 }
 

@@ -6,6 +6,6 @@
 
 // What the native host knows a module by.
 extern "C" {
-__attribute__((visibility("default"))) HostModule testModule = {"test", nullptr, nullptr, 0, nullptr};
+__attribute__((visibility("default"))) HostModule testModule = {"test", nullptr, nullptr, 0, nullptr, 0, nullptr};
 }
 #endif

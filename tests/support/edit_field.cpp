@@ -57,14 +57,10 @@ LRESULT CALLBACK EditField::Hook(HWND window, UINT message, WPARAM wParam, LPARA
 void EditField::Fill(const char* text, int32_t start, int32_t end) {
     masked_ = false;
     SetWindowTextA(edit_, text);
-    SendMessageA(edit_, EM_SETSEL, static_cast<WPARAM>(start), end);
-    SendMessageA(edit_, EM_SETMODIFY, 0, 0);
+    Send(EM_SETSEL, static_cast<WPARAM>(start), end);
+    Send(EM_SETMODIFY);
     masked_ = true;
     changes_ = 0;
-}
-
-LRESULT EditField::Send(UINT message, WPARAM wParam, LPARAM lParam) {
-    return SendMessageA(edit_, message, wParam, lParam);
 }
 
 void EditField::Press(int key, bool shift) {
@@ -80,16 +76,4 @@ std::string EditField::Text() const {
     std::vector<char> text(static_cast<size_t>(GetWindowTextLengthA(edit_)) + 1);
     GetWindowTextA(edit_, text.data(), static_cast<INT>(text.size()));
     return text.data();
-}
-
-int32_t EditField::Start() const {
-    return LOWORD(SendMessageA(edit_, EM_GETSEL, 0, 0));
-}
-
-int32_t EditField::End() const {
-    return HIWORD(SendMessageA(edit_, EM_GETSEL, 0, 0));
-}
-
-bool EditField::IsModified() const {
-    return SendMessageA(edit_, EM_GETMODIFY, 0, 0) != 0;
 }

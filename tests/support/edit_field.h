@@ -18,16 +18,17 @@ class EditField {
     void Fill(const char* text, int32_t start, int32_t end);
 
     // Sends a message to the control as its user would.
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return SendMessageA(edit_, message, wParam, lParam);
+    }
     void Type(char c) { Send(WM_CHAR, static_cast<unsigned char>(c), 1); }
     void Press(int key, bool shift = false);
 
     std::string Text() const;
-    int32_t Start() const;
-    int32_t End() const;
-    bool IsModified() const;
+    int32_t Start() const { return LOWORD(Send(EM_GETSEL)); }
+    int32_t End() const { return HIWORD(Send(EM_GETSEL)); }
+    bool IsModified() const { return Send(EM_GETMODIFY) != 0; }
     int Changes() const { return changes_; }
-    void ForgetChanges() { changes_ = 0; }
     HWND Window() const { return edit_; }
     const std::string& Shown() const { return shown_; }  // the text of the last FMT_MASK_SHOW_TEXT that came through
 

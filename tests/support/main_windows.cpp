@@ -32,18 +32,19 @@ class ProfileCheck : public testing::EmptyTestEventListener {
         EXPECT_EQ(changed, std::vector<std::string>()) << info.name() << " leaves the user profile changed";
     }
 
-    // The lines of the sections that tests write to. The names of keys have no case, and an older spelling may come
-    // back as a newer one.
+    // What the sections that tests write to hold. Each value is asked for by its name: Wine's whole sections have scraps of
+    // memory between the lines of some languages. The names have no case, and an older spelling may come back as a newer
+    // one.
     static std::set<std::string> Contents() {
         std::set<std::string> lines;
         for (const std::string section : {"intl", "MORVANEL", "windows"}) {
-            char keys[16384];
-            // Wine doesn't always end the list by an empty line.
-            const char* const end = keys + GetProfileSectionA(section.c_str(), keys, sizeof keys);
-            for (char* line = keys; line < end; line += std::strlen(line) + 1) {
-                char* const value = std::strchr(line, '=');
-                if (value != nullptr) CharLowerBuffA(line, static_cast<DWORD>(value - line));
-                lines.insert(section + ": " + line);
+            char names[16384];
+            const char* const end = names + GetProfileStringA(section.c_str(), nullptr, "", names, sizeof names);
+            for (char* name = names; name < end; name += std::strlen(name) + 1) {
+                char value[1024];
+                GetProfileStringA(section.c_str(), name, "", value, sizeof value);
+                CharLowerA(name);
+                lines.insert(section + ": " + name + "=" + value);
             }
         }
         return lines;
