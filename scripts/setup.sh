@@ -1,16 +1,19 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a build needs and the machine lacks. Without names: what the native build, its tests
-# and examples need. Names add more: sanitizers, fuzz, windows, bench, check.
+# and examples need. Names add more: fuzz, windows, bench, check, package, docs.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ pkg-config libgtest-dev locales)
+packages=(cmake ninja-build g++ pkg-config libgtest-dev locales libcairo2-dev libfontconfig-dev libfreetype-dev
+  fonts-dejavu-core libcups2-dev cups-daemon poppler-utils python3)
 for group in "$@"; do
   case $group in
     bench) packages+=(libbenchmark-dev libicu-dev libboost-dev) ;;
     fuzz) packages+=(clang libclang-rt-14-dev) ;;
     windows) packages+=(g++-mingw-w64-i686 googletest debootstrap) ;;
+    package) packages+=(dpkg-dev debootstrap) ;;
+    docs) packages+=(doxygen) ;;
     check) packages+=(clang-format clang-tidy) ;;
-    *) echo "setup.sh: no group $group (bench, fuzz, windows, check)" >&2; exit 2 ;;
+    *) echo "setup.sh: no group $group (bench, fuzz, windows, check, package, docs)" >&2; exit 2 ;;
   esac
 done
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Sets up, builds and runs the tests. Without names: the release build. Names choose more: release, asan, tsan, fuzz,
-# windows, bench (each benchmark once, for its own checks), check (formatting, static analysis), or all of them.
+# windows, bench (each benchmark once, for its own checks), package (what people install), docs (the reference), check
+# (formatting, static analysis), or all of them.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -20,21 +21,8 @@ run_tests() {
 run_fuzzers() {
   say "fuzzers, ${FUZZ_SECONDS:=20} seconds each"
   build fuzz
-  local program name
-  for program in build/fuzz/bin/*_fuzz; do
-    name=$(basename "$program")
-    mkdir -p "build/fuzz/corpus/$name"
-    local seeds=()
-    [ -d "fuzz/corpus/$name" ] && seeds=("fuzz/corpus/$name")
-    printf '%s: ' "$name"
-    if ! "$program" -max_total_time="$FUZZ_SECONDS" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
-        -artifact_prefix="build/fuzz/$name-" "build/fuzz/corpus/$name" "${seeds[@]}" >"build/fuzz/$name.log" 2>&1; then
-      echo FAILED
-      tail -n 60 "build/fuzz/$name.log"
-      return 1
-    fi
-    grep -o 'stat::number_of_executed_units: *[0-9]*' "build/fuzz/$name.log" | sed 's/.*: */runs /'
-  done
+  export FUZZ_SECONDS
+  printf '%s\n' build/fuzz/bin/*_fuzz | xargs -P "$(nproc)" -n 1 scripts/fuzz.sh
 }
 
 # Suites named after a language run under it, all others under English.
@@ -49,7 +37,7 @@ run_windows() {
   say "32-bit Windows: tests"
   local rest="-" pair programs
   for pair in "${languages[@]}"; do rest+="*${pair%=*}.*:"; done
-  scripts/wine.sh scripts/windows_tests.sh "$rest" build/windows/bin/*_tests.exe
+  scripts/wine.sh scripts/with_printer.sh scripts/windows_tests.sh "$rest" build/windows/bin/*_tests.exe
   scripts/wine.sh wine build/windows/bin/c_header_test.exe
   for pair in "${languages[@]}"; do
     mapfile -t programs < <(grep -lE "^TEST(_F|_P)?\(\w+${pair%=*}, " tests/*/*_test.cpp |
@@ -72,7 +60,7 @@ run_check() {
 
 names=("$@")
 [ ${#names[@]} -eq 0 ] && names=(release)
-[ "${names[*]}" = all ] && names=(check release bench asan tsan fuzz windows)
+[ "${names[*]}" = all ] && names=(check docs release bench asan tsan fuzz windows package)
 
 for name in "${names[@]}"; do
   case $name in
@@ -81,8 +69,10 @@ for name in "${names[@]}"; do
     asan | tsan) scripts/setup.sh; run_tests "$name" ;;
     fuzz) scripts/setup.sh fuzz; run_fuzzers ;;
     windows) scripts/setup.sh windows; run_windows ;;
+    docs) say "reference"; scripts/docs.sh ;;
+    package) say "packages"; scripts/package_test.sh ;;
     check) scripts/setup.sh check; run_check ;;
-    *) echo "test.sh: no tests named $name (release, bench, asan, tsan, fuzz, windows, check, all)" >&2; exit 2 ;;
+    *) echo "test.sh: no tests named $name (release, bench, asan, tsan, fuzz, windows, package, docs, check, all)" >&2; exit 2 ;;
   esac
 done
 say "all passed: ${names[*]}"

@@ -10,6 +10,7 @@
 # processes of their own, so that nothing stays mounted or running however they end.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+PATH=$PATH:/usr/sbin # the print server's place
 
 suite=bookworm
 packages=wine32,wine,xvfb,xauth,cups,printer-driver-cups-pdf,cups-client,locales
@@ -41,6 +42,9 @@ make_prefix() {
     mv "$1/prefix.making" "$1/prefix"
   fi
   export WINEPREFIX=$1/prefix
+  # No window manager is there: Wine would wait two seconds for it at each window that is hidden.
+  grep -q 'X11 Driver' "$WINEPREFIX/user.reg" ||
+    { wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f && wineserver --wait; }
 }
 
 run_inside() {
@@ -93,27 +97,13 @@ run_enter_tree() {
   chroot "$tree" /bin/bash -c "cd $inside/work && scripts/wine.sh --inside $inside/state \"\$@\"" wine.sh "$@"
 }
 
-# Where this machine gets its own packages from.
-package_source() {
-  local fields='$(RELEASE) $(LABEL) $(REPO_URI)' found
-  found=$(apt-get indextargets --format "$fields" 'Created-By: Packages' |
-    awk -v suite=$suite '$1 == suite { print $NF; exit } $2 == "Debian" { other = other ? other : $NF } END { print other }' |
-    head -n 1)
-  case $found in
-    mirror+file:*) found=$(awk 'NR == 1 { print $1 }' "${found#mirror+file:}") ;;
-  esac
-  echo "$found"
-}
-
 make_tree() {
   [ -d "$tree" ] && return
   [ "$(id -u)" -eq 0 ] || fail "32-bit Wine is missing. One command makes a place for it:" \
     "  sudo XDG_CACHE_HOME='$(dirname "$cache")' $PWD/scripts/wine.sh --make"
   command -v debootstrap >/dev/null || scripts/setup.sh windows
   local source
-  source=$(package_source)
-  [ -n "$source" ] || { apt-get update -qq; source=$(package_source); }
-  [ -n "$source" ] || fail "apt names no source of Debian packages"
+  source=$(scripts/package_source.sh)
   echo "making a 32-bit Debian with Wine in $tree (once)"
   rm -rf "$tree.making"
   if ! apart debootstrap --arch=i386 --variant=minbase --include="$packages" "$suite" "$tree.making" "$source" \
@@ -128,7 +118,8 @@ make_tree() {
 # ---- which of the two ------------------------------------------------------------------------------------------------
 
 own_wine_runs() {
-  command -v wine wineserver xvfb-run localedef >/dev/null && (make_prefix "$cache/wine-own-state") >/dev/null 2>&1
+  command -v wine wineserver xvfb-run localedef cupsd lpadmin gs >/dev/null &&
+    [ -f /usr/share/ppd/cups-pdf/CUPS-PDF_noopt.ppd ] && (make_prefix "$cache/wine-own-state") >/dev/null 2>&1
 }
 
 # The steps of a run start this script again, each inside the one before.
