@@ -10,8 +10,8 @@ name=$(basename "$program")
 corpus=(build/fuzz/corpus/"$name")
 mkdir -p "${corpus[0]}"
 [ -d "fuzz/corpus/$name" ] && corpus+=("fuzz/corpus/$name")
-if ! "$program" -seed="${FUZZ_SEED:-1}" -max_total_time="${FUZZ_SECONDS:-20}" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
-  -artifact_prefix="build/fuzz/$name-" "${corpus[@]}" >"build/fuzz/$name.log" 2>&1; then
+if ! "$program" -seed="${FUZZ_SEED:-1}" -max_total_time="${FUZZ_SECONDS:-20}" -timeout=10 \
+  -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="build/fuzz/$name-" "${corpus[@]}" >"build/fuzz/$name.log" 2>&1; then
   echo "$name: FAILED"
   tail -n 60 "build/fuzz/$name.log"
   exit 1
