@@ -87,7 +87,7 @@ TEST_F(Profile, AZeroByteEndsWhatALineSays) {
     EXPECT_EQ(Value("s", "k"), "2");
     EXPECT_EQ(Value(nullptr, nullptr), std::string("s\0", 2));
     EXPECT_TRUE(WriteProfileStringA("s", "k", nullptr));
-    EXPECT_EQ(Value("s", nullptr), "");
+    EXPECT_EQ(Value("s", nullptr), "(default)");
 }
 
 TEST_F(Profile, TextIsCutToTheBuffer) {
