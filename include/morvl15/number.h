@@ -16,8 +16,8 @@ MORVL_BEGIN_C
 // A decimal value, the same bytes in memory and in files.
 //
 // Byte 0 holds L, the number of bytes that follow, in its low 4 bits: 0 for null (which is not zero), 1 to 12 for a
-// value, 13 to 15 are invalid. Readers ignore the high 4 bits, writers store 0 there. Bytes behind L mean nothing; no
-// operation changes them.
+// value, 13 to 15 are invalid. Readers ignore the high 4 bits, writers store 0 there. Bytes behind L mean nothing; only
+// operations that read text may change them.
 //
 // A value is 0.d1 d2 .. dn in base 100, times 100 to the power (E - 64); d1 to dn are pairs of decimal digits, 0 to 99.
 //   positive  80h + E, d1, .., dn                            L = n + 1, at most 11 pairs
@@ -120,8 +120,8 @@ MORVL_API int32_t MORVL_CALL NumNegate(Number* num);
 MORVL_API int32_t MORVL_CALL NumCompare(const Number* a, const Number* b);
 
 // NumTruncate: keeps at most `scale` decimal places and `precision` - `scale` integer digits, in place. Both ends are
-// cut off: 12345 with 3, 0 becomes 345. Either may be negative; they are taken as they are, without wrapping. Result:
-// L; 0 for null and invalid, which stand as before.
+// cut off: 12345 with 3, 0 becomes 345. Either may be negative; they are taken as they are, without wrapping.
+// Result: L; 0 for null and invalid, which stand as before.
 MORVL_API int32_t MORVL_CALL NumTruncate(Number* num, int32_t precision, int32_t scale);
 
 // NumRound: rounds half away from zero to a number of decimal places.
@@ -152,7 +152,8 @@ MORVL_API int32_t MORVL_CALL NumPower10(Number* result, const Number* source, in
 MORVL_API int32_t MORVL_CALL NumAsciiToNumber(Number* num, const char* text);
 
 // NumHexAsciiToNumber: reads [blanks and tabs] [+ or -] [0x] hexadecimal digits, up to the first other byte. A value of
-// more than 11 pairs is rounded each time that it grows beyond them; the exponent stops at 114.
+// more than 11 pairs is rounded each time that it grows beyond them; the exponent stops at 114. A rounding that carries
+// through all 11 pairs misplaces its 1: 43C33C19375647FFFF0, which is 2E+22 - 16, reads as 1.01E+24.
 //   num     out: the value; may end in a zero pair, which readers ignore; zero when there is no digit
 //   text    in:  zero-terminated; null counts as empty
 // Result: bytes read, blanks, sign and prefix included, also when no digit follows.

@@ -84,6 +84,8 @@ constexpr ReadCase kLongHexadecimal[] = {
     {"-0x190", 6, "03 3D 60 65"},  // the sign makes it canonical
     {"ffffffffffffffffffffffffffffff", 30, "0C D3 01 20 5C 1B 63 39 54 5B 3A 48 5B"},
     {"-ffffffffffffffffffff", 21, "0C 32 63 50 0B 4B 13 04 56 26 09 19 65"},
+    {"751edfb2d6a9995fff0", 19, "06 CC 03 2D 43 5A 00"},  // of the pairs that the carry turns to 0 one stays
+    {"43c33c19375647ffff0", 19, "03 CD 01 01"},           // 2E+22 - 16: the carry's 1 stands behind the new first pair
 };
 
 TEST(NumHexAsciiToNumber, Rows) {
