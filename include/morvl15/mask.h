@@ -25,7 +25,8 @@ MORVL_BEGIN_C
 
 // FMTMaskText: puts a mask on a text. Literals that the text already has in their place are recognised; a character
 // that doesn't fit its position is dropped and the next one tried there. Behind the last character one literal of the
-// picture follows, if one stands there ("555" under "999-9999" gives "555-").
+// picture follows, if one stands there ("555" under "999-9999" gives "555-"); of an unlimited picture, all that stand
+// there do.
 //   text    in:  the text; null gives 0
 //   out     out: room for the picture's length (without "^") + 1 bytes; for an unlimited picture the text's length +
 //                the number of literals + 1. May be the text's own buffer. Null gives 0
@@ -77,16 +78,18 @@ MORVL_API int32_t MORVL_CALL FMTIsPicUnlimited(const char* picture);
 // Result: 1 when the message is handled: the application answers it with Result and doesn't pass it on. 0 when it
 // isn't: the application passes it on to the control; Result is untouched. 0 for a null block or Picture.
 //
-// Handled are WM_CHAR (a tab never reaches the control), WM_KEYDOWN of End, Home, Left, Right and Delete, and WM_CLEAR;
-// with bit 8 WM_SETTEXT, EM_REPLACESEL and WM_PASTE; with both bits FMT_MASK_SHOW_TEXT, whose text the control gets with
-// the positions that it leaves open as blanks. WM_CUT is left to the application.
+// Handled are WM_CHAR (a tab never reaches the control, a backspace with LParam 0 acts as Delete), WM_KEYDOWN of End,
+// Home, Left, Right and Delete, and WM_CLEAR; with bit 8 WM_SETTEXT, EM_REPLACESEL and WM_PASTE; with both bits
+// FMT_MASK_SHOW_TEXT, whose text the control gets with blanks at the positions that it leaves open. Blanks at the end of
+// a text that is masked again are cut off. WM_CUT is left to the application.
 //
 // A character goes to the next input position, the literals before it being written first; typing inside a text that
 // isn't full pushes the rest to the right across the literals, and deleting closes it up. A character that doesn't fit
-// gives a beep and is gone. Left, Right, Home and End keep the caret on input positions; a position behind the picture
-// counts as one. With Shift, Home and End select from the start of the selection to the edge. Where there is no memory,
-// a key is refused and a deletion does nothing. Threads: each thread may serve the controls that it owns; while a call
-// runs, calls on the same thread answer 0.
+// gives a beep and is gone. Left, Right and Home put the caret on an input position, as far as the text reaches, and End
+// behind the text; a position behind the picture counts as an input position. With Shift, Home and End select from the
+// start of the selection to the edge. Where there is no memory, a key is refused, a deletion does nothing, a whole text
+// stays as it came, and FMT_MASK_SHOW_TEXT isn't handled. Threads: each thread may serve the controls that it owns;
+// while a call runs, calls on the same thread answer 0.
 MORVL_API int32_t MORVL_CALL FMTValidateInput(FMTCntlBlock* block);
 
 MORVL_END_C

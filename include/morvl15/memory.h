@@ -58,7 +58,7 @@ MORVL_API int32_t MORVL_CALL MemReleaseMutex(void);
 
 // MemSharedInit: attaches the memory of the shared heap to the process, and makes it if no process has it.
 //   created out: 1 if the memory is new, and all zero; 0 if it was there. Untouched on failure. May be null.
-//   size    in:  bytes of new memory; memory that is there keeps its own size
+//   size    in:  bytes of new memory, not 0; memory that is there keeps its own size
 // Result: the memory's address, 0x40000000 on every usual system; null when the memory can't be had at that address,
 // as when something else lies there. A process that has the memory attached already loses it by a second call, which
 // gives null.
