@@ -38,12 +38,15 @@ inline bool FMTHasValue(const Number& number) {
     return length >= 1 && length <= 12;
 }
 
-// Writes a value as plain text. False, with the text empty, if only an exponent form would fit the width.
+// Writes a value as plain text, for which alone the text needs room: NumToAscii may use all of the width on the way.
+// False, with the text empty, if only an exponent form would fit the width.
 inline bool FMTWriteNumber(const Number& value, char* text) {
-    NumToAscii(&value, text, kNumberTextWidth);
-    if (std::strchr(text, 'E') == nullptr) return true;
+    char written[kNumberTextSize];
+    NumToAscii(&value, written, kNumberTextWidth);
     text[0] = 0;
-    return false;
+    if (std::strchr(written, 'E') != nullptr) return false;
+    std::memcpy(text, written, std::strlen(written) + 1);
+    return true;
 }
 
 // Texts of up to this size, terminator included, are worked on in local space.

@@ -203,8 +203,12 @@ TEST(FMTFormatNumberLayout, EveryDigit) {
     const auto format = [](const char* value, const TestRegion& region) {
         NumberBlock block(region);
         block->Flags |= 1u << 3;
-        return block.Format(value, kNumber);
+        std::memset(block->Output, '~', 200);
+        const std::string text = block.Format(value, kNumber);
+        EXPECT_EQ(std::string(block->Output + text.size() + 1, 120), std::string(120, '~')) << "behind " << text;
+        return text;
     };
+    EXPECT_EQ(format("5", {}), "5");
     EXPECT_EQ(format("123.456789", {}), "123.456789");
     EXPECT_EQ(format("1234567.125", {.digits = 0}), "1,234,567.125");
     EXPECT_EQ(format("-1234", {.digits = 4}), "-1,234");
