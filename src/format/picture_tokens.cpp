@@ -58,6 +58,7 @@ const char* FMTPictureText(const FMTRegion& region, const char* picture, char (&
     const auto* end = static_cast<const char*>(std::memchr(picture, 0, kPictureSize));
     if (end == nullptr) return nullptr;
     if (std::memchr(picture, kTokenRunStart, static_cast<size_t>(end - picture)) == nullptr) return picture;
+    if (HasOneForm(picture)) return picture;
     FMTPictureWriter text;
     FMTUnTokenize(FMTPictureRegion(region), picture, &text);
     return text.CopyTo(buffer) ? buffer : nullptr;

@@ -138,6 +138,7 @@ TEST(FMTFormatNumberPicture, ATokenizedPictureFollowsTheRegion) {
     EXPECT_EQ(NumberBlock().Format("-1234.5", kTokenized), "($1,234.50)");
     EXPECT_EQ(NumberBlock(kGermany).Format("-1234.5", kTokenized), "-1.234,50 DM");
     EXPECT_EQ(NumberBlock(kGermany).Format("1234.5", kTokenized), "1.234,50 DM");
+    EXPECT_EQ(NumberBlock().Format("5", "0.0\x0F#E+0"), "5.0\x0F\x45+0");  // a scientific one is never tokenized
 }
 
 // By the type, and by the picture that stands for it.
