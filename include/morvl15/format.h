@@ -234,7 +234,7 @@ MORVL_API int32_t MORVL_CALL FMTValidateNumber(FMTCntlBlock* block);
 //                separators of the profile.
 //   Flags   in:  bit 5, the block is usable
 //   Value   out: the number
-//   Output  out: the number in plain digits, as NumToAscii gives it; room for the Input, and at least 108 bytes
+//   Output  out: the number in plain digits, as NumToAscii gives it; room for 108 bytes
 // Result: 1. 0 with Output and Value as they were for a block that isn't usable, a null Input, Picture or Output, an
 // empty Input or Picture. 0 with Output empty and Value as it was for a text that the picture doesn't accept, a picture
 // of more than 63 bytes, a number without a plain text of 107 bytes, and when there is no memory, which only an Input

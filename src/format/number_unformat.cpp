@@ -12,7 +12,7 @@ namespace {
 // One text on its way back through a picture.
 struct UnformatWork {
     const char* input;
-    char* text;  // the caller's output, where the text is stripped
+    char* text;  // where a copy of the input is stripped
     FMTSeparators separators;
     Number value;
 };
@@ -20,7 +20,7 @@ struct UnformatWork {
 enum class Attempt { kAccepted, kRejected, kNoPlaces };
 
 void CopyInput(const UnformatWork& work) {
-    std::memmove(work.text, work.input, std::strlen(work.input) + 1);
+    std::memcpy(work.text, work.input, std::strlen(work.input) + 1);
 }
 
 Attempt TrySection(UnformatWork* work, std::string_view section, bool skipSign) {
@@ -78,14 +78,15 @@ int32_t plain::UnformatNumberStr(FMTCntlBlock* block) {
     const FMTRegion region(block);
     char buffer[kPictureSize];
     const char* picture = FMTPictureText(region, block->Picture, buffer);
-    UnformatWork work = {block->Input, block->Output, FMTSeparatorsOf(region), {}};
-    char text[kNumberTextSize];
-    if (picture == nullptr || !Unformat(&work, region, picture) || !FMTWriteNumber(work.value, text)) {
+    // The output stays as it is until the end: it may be the input, of which each attempt takes a copy.
+    const FMTScratchText text(std::strlen(block->Input) + 1);
+    UnformatWork work = {block->Input, text.Text(), FMTSeparatorsOf(region), {}};
+    if (picture == nullptr || work.text == nullptr || !Unformat(&work, region, picture) ||
+        !FMTWriteNumber(work.value, block->Output)) {
         block->Output[0] = 0;
         return 0;
     }
     block->Value = work.value;
-    std::memcpy(block->Output, text, std::strlen(text) + 1);
     return 1;
 }
 

@@ -121,9 +121,16 @@ TEST(FMTUnformatNumberStr, Failures) {
 }
 
 TEST(FMTUnformatNumberStr, InputAndOutputMayBeOneText) {
-    NumberBlock block;
-    std::strcpy(block->Output, "1,234.50 kg");
-    EXPECT_EQ(block.Unformat(block->Output, "#,##0.00 'kg'"), "1234.5");
+    constexpr UnformatCase kCases[] = {
+        {"1.234,50 kg", "#.##0,00 'kg'", "1234.5"},
+        {"1,5E+03", "0.0E+00", "1500"},  // read once more: no mantissa under the profile
+        {"ee5", "'e'#;'e'#", kFailed},   // each section takes one off
+    };
+    for (const UnformatCase& c : kCases) {
+        NumberBlock block(kGermany);
+        std::strcpy(block->Output, c.text);
+        EXPECT_EQ(block.Unformat(block->Output, c.picture), c.want) << c.text;
+    }
 }
 
 TEST(FMTStrToNumber, Doubles) {
