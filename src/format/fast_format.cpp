@@ -40,8 +40,8 @@ char* AppendRounded(char* out, fast::Digits* digits, const FMTSectionShape& shap
     return fast::CopyShort(out, fraction, places);
 }
 
-// Digits go out four bytes at a time, of which the next ones overwrite those that were too many. At the end a point and
-// a digit or more follow, and the terminator.
+// Digits go out four bytes at a time, of which the next ones overwrite those that were too many: at the end a point, a
+// digit or more and the terminator. At least two digits are to be shown, so that these take as many bytes.
 char* AppendStream(char* out, fast::DigitStream digits, int32_t wholeDigits, const FMTSectionShape& shape,
                    FMTSeparators separators) {
     const int32_t groups = (wholeDigits - 1) / 3;
@@ -71,18 +71,20 @@ class ShownDigits {
     ShownDigits(fast::Digits* digits, const FMTSectionShape& shape, FMTSeparators separators)
         : digits_(digits), shape_(shape), separators_(separators) {
         constexpr int32_t kStreamPlaces = 8;  // what Peek reaches
-        streams_ = shape.fracZeros > 0 && shape.fracDigits <= kStreamPlaces &&
+        streams_ = shape.fracZeros > 0 && shape.fracDigits <= kStreamPlaces && WholeDigits() + shape.fracZeros > 1 &&
                    digits->StreamOut(shape.intZeros, shape.fracDigits, &stream_);
         if (!streams_) digits->Round(shape.fracDigits);
     }
 
     char* Append(char* out) const {
         if (!streams_) return AppendRounded(out, digits_, shape_, separators_);
-        const int32_t wholeDigits = std::max(digits_->WholeDigits(), shape_.intZeros);
-        return AppendStream(out, stream_, wholeDigits, shape_, separators_);
+        return AppendStream(out, stream_, WholeDigits(), shape_, separators_);
     }
 
   private:
+    // The same before and behind rounding where digits go out as a stream, since there is nothing to round.
+    int32_t WholeDigits() const { return std::max(digits_->WholeDigits(), shape_.intZeros); }
+
     fast::Digits* digits_;
     const FMTSectionShape& shape_;
     FMTSeparators separators_;

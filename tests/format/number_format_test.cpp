@@ -15,8 +15,19 @@ struct FormatCase {
     const char* want;
 };
 
+// Formats, and sees to it that nothing is written behind the text.
+std::string FormatGuarded(NumberBlock* block, const char* value, int32_t type, const char* picture = nullptr) {
+    std::memset((*block)->Output, '~', 200);
+    const std::string text = block->Format(value, type, picture);
+    EXPECT_EQ(std::string((*block)->Output + text.size() + 1, 100), std::string(100, '~')) << "behind " << text;
+    return text;
+}
+
 void ExpectUnder(const TestRegion& region, std::span<const FormatCase> cases) {
-    for (const FormatCase& c : cases) EXPECT_EQ(NumberBlock(region).Format(c.value, c.picture), c.want) << c.picture;
+    for (const FormatCase& c : cases) {
+        NumberBlock block(region);
+        EXPECT_EQ(FormatGuarded(&block, c.value, kPicture, c.picture), c.want) << c.picture;
+    }
 }
 
 // Every row holds under the profile's US settings and under the same settings given privately.
@@ -34,6 +45,7 @@ constexpr FormatCase kPlaces[] = {
     {"0.00125", "0.0%", "0.1%"}, {"1234567", "000,000", "1,234,567"},
     {"12.5", "0%", "1250%"},     {"123456", "#,###", "123,456"},
     {"1234", "0,000", "1,234"},  {"1234567", "#,#", "1,234,567"},
+    {"0.5", "#.0#", ".5"},       {"-0.5", "#.0", "-.5"},
     {"0.125", "0.0%", "12.5%"},  {"7", "0000", "0007"},
     {"1.005", "0.0#", "1.01"},   {"999.995", "#,##0.00", "1,000.00"},
     {"2.5", "0", "3"},           {"1.001", "0.0#", "1.0"},
@@ -124,13 +136,11 @@ TEST(FMTFormatNumberPicture, OtherSeparators) {
         {"5", "# ### ", "5 "},
         {"1234567.5", "# ##0,00 F", "1 234 567,50 F"},
     };
-    constexpr FormatCase kNoSeparators[] = {
-        {"1234.5", "#,##0.00", "1235.00"},  // they are text
-        {"1.5", "0.0E+0", "1"},             // and a text ends where the decimal one would stand
-    };
+    constexpr FormatCase kNoSeparators[] = {{"1234.5", "#,##0.00", "1235.00"}};  // they are text
     ExpectUnder(kGermany, kContinental);
     ExpectUnder({' ', ','}, kBlankGroups);
     ExpectUnder({0, 0}, kNoSeparators);
+    EXPECT_EQ(NumberBlock({0, 0}).Format("1.5", "0.0E+0"), "1");  // a text ends where the decimal one would stand
 }
 
 TEST(FMTFormatNumberPicture, ATokenizedPictureFollowsTheRegion) {
@@ -204,10 +214,7 @@ TEST(FMTFormatNumberLayout, EveryDigit) {
     const auto format = [](const char* value, const TestRegion& region) {
         NumberBlock block(region);
         block->Flags |= 1u << 3;
-        std::memset(block->Output, '~', 200);
-        const std::string text = block.Format(value, kNumber);
-        EXPECT_EQ(std::string(block->Output + text.size() + 1, 120), std::string(120, '~')) << "behind " << text;
-        return text;
+        return FormatGuarded(&block, value, kNumber);
     };
     EXPECT_EQ(format("5", {}), "5");
     EXPECT_EQ(format("123.456789", {}), "123.456789");
