@@ -43,23 +43,28 @@ bool HasSoundDecimal(const char* text, FMTSeparators separators) {
     return separators.thousand == 0 || IntlStrChr(decimal + 1, CodeOf(separators.thousand)) == nullptr;
 }
 
-// Deletes the group separators of the whole part, counted from its end. False if one stands where none belongs.
+// Deletes the group separators of the whole part, counted from its end: each has three bytes behind it, and three at
+// most are left in front of the first. False if one stands where none belongs.
 bool TakeGroups(char* text, FMTSeparators separators) {
     constexpr std::ptrdiff_t kGroup = 3;
     const uint16_t thousand = CodeOf(separators.thousand);
     if (separators.thousand == 0 || IntlStrChr(text, thousand) == nullptr) return true;
     ReverseText(text);
-    char* stretch = text;
+    char* kept = text;
     if (separators.decimal != 0) {
         const char* decimal = IntlStrChr(text, CodeOf(separators.decimal));
-        if (decimal != nullptr) stretch = text + (decimal - text) + 1;
+        if (decimal != nullptr) kept = text + (decimal - text) + 1;
     }
-    for (char* group = IntlStrChr(stretch, thousand); group != nullptr; group = IntlStrChr(stretch, thousand)) {
+    const char* stretch = kept;
+    for (const char* group = IntlStrChr(stretch, thousand); group != nullptr; group = IntlStrChr(stretch, thousand)) {
         if (group - stretch != kGroup) return false;
-        DeleteByte(group);
-        stretch = group;
+        std::memmove(kept, stretch, kGroup);
+        kept += kGroup;
+        stretch = group + 1;
     }
-    if (std::strlen(stretch) > static_cast<size_t>(kGroup)) return false;
+    const size_t rest = std::strlen(stretch);
+    if (rest > static_cast<size_t>(kGroup)) return false;
+    std::memmove(kept, stretch, rest + 1);
     ReverseText(text);
     return true;
 }
