@@ -10,7 +10,8 @@
 
 // ---- day numbers ------------------------------------------------------------------------------------------------
 
-// The two are exact inverses for the years 1 to 9999. Other years have a result of no particular meaning.
+// The two are exact inverses for the years 1 to 9999. Other years have a result of no particular meaning, but that the
+// number of a date too far off for it is the smallest or the largest there is.
 int32_t FMTDateToDayNumber(int32_t month, int32_t day, int32_t year);
 void FMTDayNumberToDate(int32_t dayNumber, DatDef* datDef);  // writes Month, Day, Year; the time stays
 

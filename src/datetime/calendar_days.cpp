@@ -1,4 +1,5 @@
 // Days: day numbers, days of the week, the lengths of months, the century of a short year.
+#include <algorithm>
 #include <cstddef>
 #include <type_traits>
 
@@ -44,7 +45,7 @@ bool IsNameOfDay(const char* name, int32_t code) {
 }  // namespace
 
 int32_t FMTDateToDayNumber(int32_t month, int32_t day, int32_t year) {
-    return static_cast<int32_t>(DayNumber(month, day, year));
+    return static_cast<int32_t>(std::clamp<int64_t>(DayNumber(month, day, year), INT32_MIN, INT32_MAX));
 }
 
 int32_t FMTDayOfWeek(int32_t month, int32_t day, int32_t year) {

@@ -183,9 +183,10 @@ TEST(FormatDateTime, FromTheProfile) {
 
 TEST(FormatEraDate, ErasBeginAndEnd) {
     static constexpr std::tuple<int32_t, int32_t, int32_t, const char*> kRows[] = {
-        {9, 28, 1868, "<0>"},        {9, 29, 1868, "M01y09m29d"},  {7, 29, 1912, "M45y07m29d"},
-        {7, 30, 1912, "T01y07m30d"}, {12, 24, 1926, "T15y12m24d"}, {12, 25, 1926, "S01y12m25d"},
-        {1, 7, 1989, "S64y01m07d"},  {1, 8, 1989, "H01y01m08d"},   {1, 1, 2200, "H12y01m01d"},
+        {9, 28, 1868, "<0>"},        {9, 29, 1868, "M01y09m29d"},   {7, 29, 1912, "M45y07m29d"},
+        {7, 30, 1912, "T01y07m30d"}, {12, 24, 1926, "T15y12m24d"},  {12, 25, 1926, "S01y12m25d"},
+        {1, 7, 1989, "S64y01m07d"},  {1, 8, 1989, "H01y01m08d"},    {1, 1, 2200, "H12y01m01d"},
+        {1, 1, -6000000, "<0>"},     {1, 1, 6000000, "H12y01m01d"},  // further off than day numbers reach
     };
     for (const auto& [month, day, year, text] : kRows) {
         FMTCntlBlock block = Block();
