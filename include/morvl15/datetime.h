@@ -49,13 +49,14 @@ MORVL_API int32_t MORVL_CALL FMTIsoToDatDef(const char* text, DatDef* datDef);
 // bit 0.
 
 // FMTFormatDateTime: writes a date, a time or both as text.
-//   block   in:  Type 1 date, 2 time, 3 date and time (the date, a blank, the default time); Month to Microsecond, of
-//                which nothing is checked: a month out of range has no name, numbers are written as they are, a
-//                Microsecond below 0 leaves out its field with the byte before it, one above 999999 shows its last six
-//                digits; UseProfile, Flags, and without UseProfile DateForm, ShortDatePic, LongDatePic, TimeIs24Hour,
-//                TimeSep (15 bytes at most), TimeLZero, AMString, PMString. Null texts count as empty. Picture is not
-//                read. Date forms: 0 long picture, 1 short picture, 2 year, month and day with the Japanese marks, 3
-//                the Japanese era form. In the last two a time follows the date directly.
+//   block   in:  Type 1 date, 2 time, 3 date and time (the date, and with Flags bit 0 a blank and the default time; by
+//                the word T the time alone); Month to Microsecond, of which nothing is checked: a month out of range has
+//                no name, numbers are written as they are, a Microsecond below 0 leaves out its field with the byte
+//                before it, one above 999999 shows its last six digits; UseProfile, Flags, and without UseProfile
+//                DateForm, ShortDatePic, LongDatePic, TimeIs24Hour, TimeSep (15 bytes at most), TimeLZero, AMString,
+//                PMString. Null texts count as empty. Picture is not read. Date forms: 0 long picture, 1 short picture,
+//                2 year, month and day with the Japanese marks, 3 the Japanese era form. In the last two a time follows
+//                the date directly.
 //           out: Output, room for FMTGetMaxFormattedDTLen + 1 bytes. The word T clears Flags bit 2, the word E sets
 //           bit 6.
 // Result: 1. 0 with Output as it was for another Type. 0 with Output empty, or holding the Japanese date that was
@@ -63,12 +64,15 @@ MORVL_API int32_t MORVL_CALL FMTIsoToDatDef(const char* text, DatDef* datDef);
 // era in an era form, no memory for a picture of unusual length.
 MORVL_API int32_t MORVL_CALL FMTFormatDateTime(FMTCntlBlock* block);
 
-// FMTGetMaxFormattedDTLen: a bound on the length of the text that FMTFormatDateTime writes for a block.
-//   block   in:  as for FMTFormatDateTime; the date is not read. The words T and E clear Flags bit 2.
+// FMTGetMaxFormattedDTLen: a bound on the length of the text that FMTFormatDateTime then writes for the same block, if
+// the date's fields are in range.
+//   block   in:  as for FMTFormatDateTime; the date is not read. The words T and E clear Flags bit 2, with which E would
+//                write microseconds that aren't counted.
 //   minimum in:  a floor for the answer, in bytes
 // Result: bytes, the terminator not counted. -1 for a Type outside 1 to 3 and for a UseProfile block without Flags bit
 // 0. The minimum where no picture is chosen (the Japanese forms need 16 bytes) or the picture is rejected, but -1 for a
-// minimum below that. 16 for the word ED, whatever the minimum.
+// minimum below that. 16 for the word ED, whatever the minimum. Under UseProfile the settings' pictures are taken as they
+// stand: one that is a word or empty is not bounded.
 MORVL_API int32_t MORVL_CALL FMTGetMaxFormattedDTLen(FMTCntlBlock* block, int32_t minimum);
 
 // FMTGetDefaultShortDatePic, FMTGetDefaultLongDatePic, FMTGetDefaultDatePic: copy the short picture of the settings,
@@ -91,9 +95,9 @@ MORVL_API int32_t MORVL_CALL FMTDatePicHasTime(const char* picture);
 // FMTGetGeeLongDatePic: the long picture of the settings reduced to fields and punctuation: day names go, with the
 // punctuation that belongs to them; words in quotes become a blank.
 //   buffer   out: the picture
-//   length   in:  size of buffer in bytes
+//   length   in:  size of buffer in bytes; a longer long picture is cut to it before anything else
 //   withTime in:  not 0: the default time picture of the settings, without microseconds, follows behind a blank
-// Result: 1. 0 with an empty buffer for a long picture that is rejected, and where the buffer is too small; 0 with
+// Result: 1. 0 with an empty buffer for a long picture that is rejected, as cut, and where the time doesn't fit; 0 with
 // nothing written for a null buffer and a length below 1.
 MORVL_API int32_t MORVL_CALL FMTGetGeeLongDatePic(char* buffer, int32_t length, int32_t withTime);
 
@@ -109,9 +113,10 @@ MORVL_API int32_t MORVL_CALL FMTGetGeeLongDatePic(char* buffer, int32_t length, 
 //   Flags       bit 0: the default time picture is in force; bit 2: it carries microseconds
 // On success the block's Month, Day, Year, Hour, Minute, Second and Microsecond hold the value; what the picture has no
 // field for is 1 January 1900, 0:00:00. Three bits of Flags tell of the match: bit 7 a day, month or year took a value,
-// bit 11 a part of the time did, bit 12 the hour came through "h" or "hhh". A date always exists (29 February in leap
-// years only), and a day name in the text is that of the date. Two-digit years go to the century that brings them
-// within fifty years of the clock's half century; four digits are taken as they are, 0099 too.
+// bit 11 a part of the time did, bit 12 the hour came through "h" or "hhh" (after a Japanese date it is as it was). A
+// date always exists (29 February in leap years only), and a day name in the text is that of the date. Two-digit years
+// go to the century that brings them within fifty years of the clock's half century, those of a Japanese date to the
+// 1900s; four digits are taken as they are, 0099 too.
 // On failure the block stays as it was, but for a Japanese date with something unreadable behind it: that date is
 // stored. Safe from several threads on different blocks.
 
