@@ -16,8 +16,7 @@ enum Kind : int32_t { kDate = 1, kTime = 2, kDateTime = 3 };
 
 enum Form : int32_t { kJapanForm = 2, kEraForm = 3 };
 
-// ---- elements
-// --------------------------------------------------------------------------------------------------------
+// ---- elements ------------------------------------------------------------------------------------------------------
 
 // Writes the elements of a picture for a date.
 class DateWriter {
@@ -138,8 +137,7 @@ bool WritePicture(const FMTCntlBlock& block, const FMTRegion& region, const char
     return true;
 }
 
-// ---- the choice of the picture
-// ------------------------------------------------------------------------------------------
+// ---- the choice of the picture -------------------------------------------------------------------------------------
 
 // What a formatting call has come to.
 struct Formatting {

@@ -27,8 +27,7 @@ constexpr const char* kTimePictures[] = {"hh.mm.ss.mmmmmm AMPM", "hhhh.mm.ss.mmm
 constexpr int32_t k12Hour = 0;
 constexpr int32_t k24Hour = 1;
 
-// ---- the lengths of a date's words and numbers
-// ------------------------------------------------------------------------
+// ---- the lengths of a date's words and numbers ---------------------------------------------------------------------
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
@@ -126,8 +125,7 @@ int32_t CheckDashedDate(TokenWalk walk) {
     return IsOneOrTwo(day) && name == 3 && (year == 4 || year == 2) ? kDashed : kNoShape;
 }
 
-// ---- the shape of a text
-// ----------------------------------------------------------------------------------------------
+// ---- the shape of a text -------------------------------------------------------------------------------------------
 
 struct Shape {
     int32_t date = 0;
