@@ -120,12 +120,13 @@ bool FormatByShape(const fast::PictureShape& picture, FMTSeparators separators, 
     return true;
 }
 
-// The layouts of the region have the shape of a section. Declines unusual counts of places, and texts that end where
-// the decimal separator would stand.
+// The layouts of the region have the shape of a section. Declines unusual counts of places, texts that end where the
+// decimal separator would stand, and a separator that makes a fraction look negative.
 bool FormatByLayout(const FMTRegion& region, bool isCurrency, const Number& value, char* output) {
     const int32_t places = isCurrency ? region.CurrencyDigits() : region.NumberDigits();
     const FMTSeparators separators = FMTSeparatorsOf(region);
-    if (places < 0 || places > fast::Digits::kMaxPlaces || separators.decimal == 0) return false;
+    if (places < 0 || places > fast::Digits::kMaxPlaces) return false;
+    if (separators.decimal == 0 || separators.decimal == '-') return false;
     FMTSectionShape shape = {};
     shape.fracDigits = places;
     shape.fracZeros = places;

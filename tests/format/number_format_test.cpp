@@ -182,6 +182,7 @@ TEST(FMTFormatNumberLayout, Amounts) {
     ExpectLayout("5", kCurrency, {.negative = 11}, "$5.00");
     ExpectLayout("-5", kCurrency, {.negative = 11}, "");
     ExpectLayout("-5", kCurrency, {.negative = -1}, "");
+    ExpectLayout("0.5", kCurrency, {.decimal = '-'}, "($50)");  // the text tells the sign
     ExpectLayout("1234.5", kCurrency, {.currency = nullptr, .position = 2}, " 1,234.50");
     ExpectLayout("1", kCurrency, {.currency = "a long symbol", .digits = 0}, "a long symbol1");
     ExpectLayout("-1234.5", kCurrency, {.currency = "DM", .position = 3, .negative = 8}, "-1,234.50 DM");
