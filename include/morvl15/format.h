@@ -205,10 +205,11 @@ MORVL_API int32_t MORVL_CALL FMTFormatNumber(FMTCntlBlock* block);
 //   picture     in: a picture in text form; "$" for the currency layout
 //   maxDigits   in: the most digits that a value has before the decimal separator
 //   minLength   in: the least result
-// The length follows from the picture's places. It doesn't foresee a digit that rounding adds, an exponent longer than
-// its places, the blank and the sign of the negative layouts 8 to 10, and what an empty picture shows behind the
-// digits; and it counts characters in front of the digits. Result: bytes, the terminator not counted. minLength, at
-// least 0, for null and for a picture of more than 63 bytes.
+// The length follows from the picture's places. It doesn't foresee a digit that rounding adds, a group separator that
+// this or a "%" adds, the decimals that a value rounded to nothing brings along from another section, the "#" places of
+// a scientific picture beyond maxDigits, an exponent longer than its places, the blank and the sign of the negative
+// layouts 8 to 10, and what an empty picture shows behind the digits; and it counts characters in front of the digits.
+// Result: bytes, the terminator not counted. minLength, at least 0, for null and for a picture of more than 63 bytes.
 MORVL_API int32_t MORVL_CALL FMTGetMaxFormattedNumLen(const char* picture, int32_t maxDigits, int32_t minLength);
 
 // FMTValidateNumber: reads a number that a person wrote.
